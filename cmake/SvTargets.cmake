@@ -11,6 +11,9 @@
 function(sv_host_library sub)
   cmake_parse_arguments(A "" "" "DEPS;LIBS" ${ARGN})
   file(GLOB srcs CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  if(NOT srcs)
+    return()  # a subsystem that has only headers so far
+  endif()
   add_library(svhost_${sub} SHARED ${srcs})
   target_include_directories(svhost_${sub} PUBLIC ${PROJECT_SOURCE_DIR})
   foreach(d IN LISTS A_DEPS)

@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "host/rx/AcRxFormat.h"
+#include "host/win/wsprintf.h"
 
 namespace {
 
@@ -51,7 +51,7 @@ void acrx_abort(const ACHAR* format, ...)
 {
     va_list args;
     va_start(args, format);
-    const std::wstring message = acrxFormatV(format, args);
+    const std::wstring message = FormatWideV(format, args);
     va_end(args);
     currentHandler().load()(message.c_str());
     std::abort();

@@ -30,7 +30,7 @@ void acrxThrowingAbortHandler(const ACHAR* message);
 // Installs a process-wide handler (null restores the default) and returns the previous one.
 AcRxAbortHandler acrxSetAbortHandler(AcRxAbortHandler handler);
 
-// Formats the message like printf (wide conventions, see AcRxFormat.h) and hands it to the
+// Formats the message like printf (wide conventions, see host/win/wsprintf.h) and hands it to the
 // current handler. Does not return normally.
 [[noreturn]] void acrx_abort(const ACHAR* format, ...);
 

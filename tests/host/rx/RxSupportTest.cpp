@@ -8,7 +8,6 @@
 
 #include "host/rx/AcRxAbort.h"
 #include "host/rx/AcRxDictionary.h"
-#include "host/rx/AcRxFormat.h"
 #include "host/rx/AcadStrc.h"
 
 namespace {
@@ -161,28 +160,6 @@ TEST(RxAbortDeathTest, DefaultHandlerEndsTheProcess)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_DEATH(acrx_abort(L"Class mismatch"), "acrx_abort: Class mismatch");
-}
-
-TEST(RxFormat, WideConventions)
-{
-    struct Case {
-        std::wstring actual;
-        std::wstring expected;
-    };
-    const Case cases[] = {
-        {acrxFormat(L"<%s>", L"wide"), L"<wide>"},
-        {acrxFormat(L"<%ls>", L"wide"), L"<wide>"},
-        {acrxFormat(L"<%hs>", "narrow"), L"<narrow>"},
-        {acrxFormat(L"<%S>", "narrow"), L"<narrow>"},
-        {acrxFormat(L"<%c%c>", L'ß', L'x'), L"<ßx>"},
-        {acrxFormat(L"%-4s|%5.2f|%03d|%%", L"ab", 3.14159, 7), L"ab  | 3.14|007|%"},
-        {acrxFormat(L"%ld %zu %x", 5L, std::size_t{6}, 255u), L"5 6 ff"},
-        {acrxFormat(L"trailing %"), L"trailing %"},
-        {acrxFormat(L"%s", std::wstring(5000, L'x').c_str()), std::wstring(5000, L'x')},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(c.actual, c.expected);
-    EXPECT_EQ(acrxFormat(nullptr), L"");
 }
 
 }  // namespace
