@@ -5,7 +5,7 @@
 #include <cwchar>
 #include <ostream>
 
-#include "host/mfc/CaseFold.h"
+#include "host/win/CaseFold.h"
 #include "host/win/wsprintf.h"
 
 namespace {
@@ -32,8 +32,8 @@ int CompareTertiary(std::wstring_view a, std::wstring_view b)
     for (std::size_t i = 0; i < n; ++i) {
         if (a[i] == b[i])
             continue;
-        const wchar_t la = svmfc::ToLowerChar(a[i]);
-        const wchar_t lb = svmfc::ToLowerChar(b[i]);
+        const wchar_t la = svwin::ToLowerChar(a[i]);
+        const wchar_t lb = svwin::ToLowerChar(b[i]);
         if (la == lb)
             return a[i] == la ? -1 : 1;
         return a[i] < b[i] ? -1 : 1;
@@ -234,20 +234,20 @@ void CString::AppendFormatV(const wchar_t* pszFormat, va_list args)
 
 int CString::Compare(const wchar_t* psz) const
 {
-    return svmfc::CompareOrdinal(m_str, psz ? psz : L"");
+    return svwin::CompareOrdinal(m_str, psz ? psz : L"");
 }
 
 int CString::CompareNoCase(const wchar_t* psz) const
 {
-    return svmfc::CompareOrdinal(svmfc::FoldCase(m_str), svmfc::FoldCase(psz ? psz : L""));
+    return svwin::CompareOrdinal(svwin::FoldCase(m_str), svwin::FoldCase(psz ? psz : L""));
 }
 
 int CString::CollateNoCase(const wchar_t* psz) const
 {
     const std::wstring_view other = psz ? psz : L"";
-    if (int c = svmfc::CompareOrdinal(svmfc::BaseLetters(m_str), svmfc::BaseLetters(other)))
+    if (int c = svwin::CompareOrdinal(svwin::BaseLetters(m_str), svwin::BaseLetters(other)))
         return c;
-    return svmfc::CompareOrdinal(svmfc::FoldCase(m_str), svmfc::FoldCase(other));
+    return svwin::CompareOrdinal(svwin::FoldCase(m_str), svwin::FoldCase(other));
 }
 
 int CString::Collate(const wchar_t* psz) const
@@ -417,14 +417,14 @@ int CString::Delete(int iIndex, int nCount)
 CString& CString::MakeUpper()
 {
     for (wchar_t& ch : m_str)
-        ch = svmfc::ToUpperChar(ch);
+        ch = svwin::ToUpperChar(ch);
     return *this;
 }
 
 CString& CString::MakeLower()
 {
     for (wchar_t& ch : m_str)
-        ch = svmfc::ToLowerChar(ch);
+        ch = svwin::ToLowerChar(ch);
     return *this;
 }
 

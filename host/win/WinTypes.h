@@ -56,3 +56,5 @@ using HMODULE = HINSTANCE;
 #define GetRValue(rgb) ((BYTE)(rgb))
 #define GetGValue(rgb) ((BYTE)(((WORD)(rgb)) >> 8))
 #define GetBValue(rgb) ((BYTE)((rgb) >> 16))
+
+using INT = int;

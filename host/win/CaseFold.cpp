@@ -1,10 +1,10 @@
 // Case tables for CString, kept in code so that results never depend on the
 // process locale.
-#include "host/mfc/CaseFold.h"
+#include "host/win/CaseFold.h"
 
 #include <string_view>
 
-namespace svmfc {
+namespace svwin {
 namespace {
 
 // Base letters of U+0100..U+017F, one per code point; the ligatures Ĳ/ĳ and
@@ -159,4 +159,4 @@ int CompareOrdinal(std::wstring_view a, std::wstring_view b)
     return c < 0 ? -1 : (c > 0 ? 1 : 0);
 }
 
-} // namespace svmfc
+} // namespace svwin
