@@ -1,87 +1,12 @@
 // Windows-1252 and UTF-8 conversion and the \U+XXXX escapes of DXF string values.
 #include "host/dxf/DxfCodepage.h"
 
+#include "host/win/Utf8.h"
+
 #include <algorithm>
 #include <cstdint>
 
 namespace {
-
-// 0x80-0x9F of Windows-1252; the unassigned bytes map to themselves.
-constexpr char16_t kCp1252High[32] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
-    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
-};
-
-void appendUtf8(char32_t cp, std::string& out)
-{
-    if (cp < 0x80) {
-        out += static_cast<char>(cp);
-    } else if (cp < 0x800) {
-        out += static_cast<char>(0xC0 | (cp >> 6));
-        out += static_cast<char>(0x80 | (cp & 0x3F));
-    } else if (cp < 0x10000) {
-        out += static_cast<char>(0xE0 | (cp >> 12));
-        out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (cp & 0x3F));
-    } else {
-        out += static_cast<char>(0xF0 | (cp >> 18));
-        out += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
-        out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (cp & 0x3F));
-    }
-}
-
-// Decodes one UTF-8 sequence at text[i]; returns its length, or 0 when it is invalid
-// (overlong forms, surrogates and values above U+10FFFF included).
-std::size_t decodeUtf8(std::string_view text, std::size_t i, char32_t& cp) noexcept
-{
-    const auto b0 = static_cast<unsigned char>(text[i]);
-    if (b0 < 0x80) {
-        cp = b0;
-        return 1;
-    }
-    std::size_t len;
-    char32_t min;
-    if ((b0 & 0xE0) == 0xC0) {
-        len = 2;
-        cp = b0 & 0x1F;
-        min = 0x80;
-    } else if ((b0 & 0xF0) == 0xE0) {
-        len = 3;
-        cp = b0 & 0x0F;
-        min = 0x800;
-    } else if ((b0 & 0xF8) == 0xF0) {
-        len = 4;
-        cp = b0 & 0x07;
-        min = 0x10000;
-    } else {
-        return 0;
-    }
-    if (text.size() - i < len)
-        return 0;
-    for (std::size_t k = 1; k < len; ++k) {
-        const auto b = static_cast<unsigned char>(text[i + k]);
-        if ((b & 0xC0) != 0x80)
-            return 0;
-        cp = (cp << 6) | (b & 0x3F);
-    }
-    if (cp < min || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF))
-        return 0;
-    return len;
-}
-
-int hexValue(char c) noexcept
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    return -1;
-}
 
 // The code unit of a \U+XXXX escape at text[i], or -1 when there is none.
 long escapeAt(std::string_view text, std::size_t i) noexcept
@@ -90,7 +15,7 @@ long escapeAt(std::string_view text, std::size_t i) noexcept
         return -1;
     long v = 0;
     for (std::size_t k = 3; k < 7; ++k) {
-        const int h = hexValue(text[i + k]);
+        const int h = svwin::HexDigitValue(text[i + k]);
         if (h < 0)
             return -1;
         v = v * 16 + h;
@@ -156,10 +81,8 @@ void dxfAppendCp1252AsUtf8(std::string_view text, std::string& out)
         const auto c = static_cast<unsigned char>(ch);
         if (c < 0x80)
             out += ch;
-        else if (c < 0xA0)
-            appendUtf8(kCp1252High[c - 0x80], out);
         else
-            appendUtf8(c, out);  // 0xA0-0xFF equal Latin-1
+            svwin::AppendUtf8(svwin::Cp1252ToCodePoint(c), out);
     }
 }
 
@@ -171,17 +94,6 @@ std::string dxfCp1252ToUtf8(std::string_view text)
     return out;
 }
 
-bool dxfIsValidUtf8(std::string_view text) noexcept
-{
-    char32_t cp;
-    for (std::size_t i = 0; i < text.size();) {
-        const std::size_t n = decodeUtf8(text, i, cp);
-        if (n == 0)
-            return false;
-        i += n;
-    }
-    return true;
-}
 
 bool dxfHasUnicodeEscapes(std::string_view text) noexcept
 {
@@ -206,12 +118,12 @@ void dxfAppendDecodedUnicodeEscapes(std::string_view text, std::string& out)
         if (u >= 0xD800 && u <= 0xDBFF) {
             const long lo = escapeAt(text, i + 7);
             if (lo >= 0xDC00 && lo <= 0xDFFF) {
-                appendUtf8(static_cast<char32_t>(0x10000 + ((u - 0xD800) << 10) + (lo - 0xDC00)), out);
+                svwin::AppendUtf8(static_cast<char32_t>(0x10000 + ((u - 0xD800) << 10) + (lo - 0xDC00)), out);
                 i += 14;
                 continue;
             }
         } else if (u >= 0x20 && !(u >= 0xDC00 && u <= 0xDFFF)) {
-            appendUtf8(static_cast<char32_t>(u), out);
+            svwin::AppendUtf8(static_cast<char32_t>(u), out);
             i += 7;
             continue;
         }
@@ -240,11 +152,8 @@ std::string dxfEncodeUnicodeEscapes(std::string_view utf8)
     };
     for (std::size_t i = 0; i < utf8.size();) {
         char32_t cp;
-        std::size_t n = decodeUtf8(utf8, i, cp);
-        if (n == 0) {
-            cp = 0xFFFD;
-            n = 1;
-        }
+        std::size_t n;
+        svwin::DecodeUtf8(utf8, i, cp, n);
         if (cp < 0x80) {
             out += static_cast<char>(cp);
         } else if (cp < 0x10000) {

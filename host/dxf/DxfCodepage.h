@@ -25,7 +25,6 @@ DxfTextEncoding dxfTextEncodingFor(std::string_view acadver, std::string_view dw
 std::string dxfCp1252ToUtf8(std::string_view text);
 void dxfAppendCp1252AsUtf8(std::string_view text, std::string& out);
 
-bool dxfIsValidUtf8(std::string_view text) noexcept;
 
 // True when the text holds a \U+XXXX escape.
 bool dxfHasUnicodeEscapes(std::string_view text) noexcept;

@@ -1,4 +1,5 @@
 // Tag reading: lines, group codes, value checks and the text encoding of string values.
+#include "host/win/Utf8.h"
 #include "host/dxf/DxfTagReader.h"
 
 #include "host/dxf/DxfTagValue.h"
@@ -289,7 +290,7 @@ std::string_view DxfTagReader::decodeString(std::string_view raw, std::size_t li
     bool highBytes = false;
     for (char c : raw)
         highBytes = highBytes || (static_cast<unsigned char>(c) & 0x80);
-    if (highBytes && !as1252 && !dxfIsValidUtf8(raw)) {
+    if (highBytes && !as1252 && !svwin::IsValidUtf8(raw)) {
         // Mislabelled files are common; 1252 is what their text most likely is.
         if (m_encoding == DxfTextEncoding::Utf8 && !m_warnedBadUtf8) {
             m_warnedBadUtf8 = true;

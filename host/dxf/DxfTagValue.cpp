@@ -1,6 +1,8 @@
 // Number, handle and binary text of DXF values, both directions.
 #include "host/dxf/DxfTagValue.h"
 
+#include "host/win/Utf8.h"
+
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -27,16 +29,6 @@ bool stripPlus(std::string_view& s) noexcept
     return !s.empty();
 }
 
-int hexDigit(char c) noexcept
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    return -1;
-}
 
 constexpr char kHexDigits[] = "0123456789ABCDEF";
 
@@ -77,7 +69,7 @@ bool dxfParseHandle(std::string_view text, std::uint64_t& out) noexcept
         return false;
     std::uint64_t v = 0;
     for (char c : text) {
-        const int h = hexDigit(c);
+        const int h = svwin::HexDigitValue(c);
         if (h < 0)
             return false;
         v = (v << 4) | static_cast<std::uint64_t>(h);
@@ -93,8 +85,8 @@ bool dxfParseBinary(std::string_view text, std::vector<std::uint8_t>* out)
         return false;
     const std::size_t before = out ? out->size() : 0;
     for (std::size_t i = 0; i < text.size(); i += 2) {
-        const int hi = hexDigit(text[i]);
-        const int lo = hexDigit(text[i + 1]);
+        const int hi = svwin::HexDigitValue(text[i]);
+        const int lo = svwin::HexDigitValue(text[i + 1]);
         if (hi < 0 || lo < 0) {
             if (out)
                 out->resize(before);

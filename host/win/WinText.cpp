@@ -1,50 +1,13 @@
 // Decoding of file text and locale-independent case folding.
 #include "host/win/WinText.h"
 
+#include "host/win/Utf8.h"
 #include "host/win/wsprintf.h"
 
 namespace svwin {
 
-bool IsValidUtf8(std::string_view bytes)
-{
-    const auto* s = reinterpret_cast<const unsigned char*>(bytes.data());
-    const std::size_t n = bytes.size();
-    std::size_t i = 0;
-    while (i < n) {
-        const unsigned char b = s[i];
-        if (b < 0x80) {
-            ++i;
-            continue;
-        }
-        int extra;
-        unsigned char lo = 0x80;
-        unsigned char hi = 0xBF;
-        if (b >= 0xC2 && b <= 0xDF) extra = 1;
-        else if (b == 0xE0) { extra = 2; lo = 0xA0; }
-        else if (b >= 0xE1 && b <= 0xEC) extra = 2;
-        else if (b == 0xED) { extra = 2; hi = 0x9F; }       // no surrogates
-        else if (b >= 0xEE && b <= 0xEF) extra = 2;
-        else if (b == 0xF0) { extra = 3; lo = 0x90; }
-        else if (b >= 0xF1 && b <= 0xF3) extra = 3;
-        else if (b == 0xF4) { extra = 3; hi = 0x8F; }
-        else return false;
-        if (i + extra >= n) return false;
-        if (s[i + 1] < lo || s[i + 1] > hi) return false;
-        for (int k = 2; k <= extra; ++k)
-            if ((s[i + k] & 0xC0) != 0x80) return false;
-        i += extra + 1;
-    }
-    return true;
-}
 
 namespace {
-// 0x80..0x9F of Windows-1252; the unassigned bytes map to themselves.
-constexpr char16_t kCp1252High[32] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
-    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
-};
 
 std::wstring Utf16ToWide(std::string_view bytes, bool bBigEndian)
 {
@@ -78,7 +41,7 @@ std::wstring Cp1252ToWide(std::string_view bytes)
     out.reserve(bytes.size());
     for (char c : bytes) {
         const auto b = static_cast<unsigned char>(c);
-        out += (b >= 0x80 && b <= 0x9F) ? static_cast<wchar_t>(kCp1252High[b - 0x80]) : static_cast<wchar_t>(b);
+        out += static_cast<wchar_t>(Cp1252ToCodePoint(b));
     }
     return out;
 }

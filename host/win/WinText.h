@@ -3,13 +3,13 @@
 #pragma once
 
 #include "host/win/CaseFold.h"
+#include "host/win/Utf8.h"
 
 #include <string>
 #include <string_view>
 
 namespace svwin {
 
-bool IsValidUtf8(std::string_view bytes);
 
 // Windows-1252 bytes to wide text; the five unassigned bytes keep their code.
 std::wstring Cp1252ToWide(std::string_view bytes);

@@ -3,6 +3,8 @@
 // library one conversion at a time, so strings never pass through the locale.
 #include "host/win/wsprintf.h"
 
+#include "host/win/Utf8.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -344,40 +346,13 @@ namespace svwin {
 
 std::wstring Utf8ToWide(std::string_view text)
 {
-    constexpr wchar_t kBad = 0xFFFD;
     std::wstring out;
     out.reserve(text.size());
-    const auto* s = reinterpret_cast<const unsigned char*>(text.data());
-    const std::size_t n = text.size();
-    std::size_t i = 0;
-    while (i < n) {
-        const unsigned char b = s[i];
-        if (b < 0x80) {
-            out += static_cast<wchar_t>(b);
-            ++i;
-            continue;
-        }
-        int extra;
-        char32_t cp;
-        char32_t min;
-        if (b >= 0xC2 && b <= 0xDF) { extra = 1; cp = b & 0x1F; min = 0x80; }
-        else if (b >= 0xE0 && b <= 0xEF) { extra = 2; cp = b & 0x0F; min = 0x800; }
-        else if (b >= 0xF0 && b <= 0xF4) { extra = 3; cp = b & 0x07; min = 0x10000; }
-        else { out += kBad; ++i; continue; }
-        // Take continuation bytes while they are valid; a broken sequence is
-        // one replacement character and decoding resumes at the bad byte.
-        std::size_t j = i + 1;
-        int got = 0;
-        while (got < extra && j < n && (s[j] & 0xC0) == 0x80) {
-            cp = (cp << 6) | (s[j] & 0x3F);
-            ++j;
-            ++got;
-        }
-        if (got < extra || cp < min || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF))
-            out += kBad;
-        else
-            out += static_cast<wchar_t>(cp);
-        i = j;
+    char32_t cp;
+    std::size_t len;
+    for (std::size_t i = 0; i < text.size(); i += len) {
+        DecodeUtf8(text, i, cp, len);
+        out += static_cast<wchar_t>(cp);
     }
     return out;
 }
@@ -386,26 +361,8 @@ std::string WideToUtf8(std::wstring_view text)
 {
     std::string out;
     out.reserve(text.size());
-    for (wchar_t wc : text) {
-        auto cp = static_cast<char32_t>(wc);
-        if (cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF))
-            cp = 0xFFFD;
-        if (cp < 0x80) {
-            out += static_cast<char>(cp);
-        } else if (cp < 0x800) {
-            out += static_cast<char>(0xC0 | (cp >> 6));
-            out += static_cast<char>(0x80 | (cp & 0x3F));
-        } else if (cp < 0x10000) {
-            out += static_cast<char>(0xE0 | (cp >> 12));
-            out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-            out += static_cast<char>(0x80 | (cp & 0x3F));
-        } else {
-            out += static_cast<char>(0xF0 | (cp >> 18));
-            out += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
-            out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-            out += static_cast<char>(0x80 | (cp & 0x3F));
-        }
-    }
+    for (wchar_t wc : text)
+        AppendUtf8(static_cast<char32_t>(wc), out);
     return out;
 }
 

@@ -1,5 +1,6 @@
 // libFuzzer target: arbitrary bytes through the DXF tag reader, record grouping and writer.
 // Only DxfError may come out of reading; anything else, or a broken invariant, is a crash.
+#include "host/win/Utf8.h"
 #include "host/dxf/DxfCodepage.h"
 #include "host/dxf/DxfTagReader.h"
 #include "host/dxf/DxfTagRecord.h"
@@ -34,7 +35,7 @@ void touch(const DxfTag& t)
     check(t.value.find_first_of(std::string_view("\n\r\0", 3)) == std::string_view::npos);
     const DxfValueType type = t.type();
     if (type == DxfValueType::String)
-        check(dxfIsValidUtf8(t.value));
+        check(svwin::IsValidUtf8(t.value));
     if (type == DxfValueType::Double)
         check(std::isfinite(t.asDouble()));
     if (type == DxfValueType::Int16)
@@ -129,7 +130,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     // The text conversions on raw bytes.
     const std::string utf8 = dxfCp1252ToUtf8(bytes);
-    check(dxfIsValidUtf8(utf8));
+    check(svwin::IsValidUtf8(utf8));
     check(dxfDecodeUnicodeEscapes(dxfEncodeUnicodeEscapes(utf8)) == utf8
           || utf8.find('\\') != std::string::npos);
     dxfDecodeUnicodeEscapes(bytes);

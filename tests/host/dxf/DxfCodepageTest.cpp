@@ -1,4 +1,5 @@
 // Tests of the text encodings: Windows-1252, UTF-8 checks, \U+ escapes, header detection.
+#include "host/win/Utf8.h"
 #include "host/dxf/DxfCodepage.h"
 #include "host/dxf/DxfTagReader.h"
 
@@ -28,12 +29,12 @@ TEST(DxfCodepage, Cp1252ToUtf8)
 
 TEST(DxfCodepage, Utf8Validation)
 {
-    EXPECT_TRUE(dxfIsValidUtf8("äöü € 😀"));
-    EXPECT_FALSE(dxfIsValidUtf8("\xE4"));             // 1252 ä
-    EXPECT_FALSE(dxfIsValidUtf8("\xC0\xAF"));         // overlong
-    EXPECT_FALSE(dxfIsValidUtf8("\xED\xA0\x80"));     // surrogate
-    EXPECT_FALSE(dxfIsValidUtf8("\xF4\x90\x80\x80")); // above U+10FFFF
-    EXPECT_FALSE(dxfIsValidUtf8("\xE2\x82"));         // cut short
+    EXPECT_TRUE(svwin::IsValidUtf8("äöü € 😀"));
+    EXPECT_FALSE(svwin::IsValidUtf8("\xE4"));             // 1252 ä
+    EXPECT_FALSE(svwin::IsValidUtf8("\xC0\xAF"));         // overlong
+    EXPECT_FALSE(svwin::IsValidUtf8("\xED\xA0\x80"));     // surrogate
+    EXPECT_FALSE(svwin::IsValidUtf8("\xF4\x90\x80\x80")); // above U+10FFFF
+    EXPECT_FALSE(svwin::IsValidUtf8("\xE2\x82"));         // cut short
 }
 
 TEST(DxfCodepage, UnicodeEscapes)
