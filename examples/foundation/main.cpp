@@ -3,7 +3,7 @@
 // INI file and writes the trace.
 #include <cstdio>
 
-#include "host/ed/acutPrintf.h"
+#include "host/rx/acutPrintf.h"
 #include "host/ge/AcGe.h"
 #include "host/mfc/afx.h"
 #include "host/win/WinFolders.h"

@@ -2,7 +2,7 @@
 // retries, and point placement along lines and between circles.
 #include "proxy/Util.h"
 
-#include "host/ed/acutPrintf.h"
+#include "host/rx/acutPrintf.h"
 #include "services/Trace.h"
 
 namespace {

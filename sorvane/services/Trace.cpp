@@ -5,7 +5,7 @@
 #include <cstdarg>
 #include <cstdio>
 
-#include "host/ed/acutPrintf.h"
+#include "host/rx/acutPrintf.h"
 #include "host/mfc/CFile.h"
 #include "host/mfc/CTime.h"
 #include "host/win/WinCrtFile.h"

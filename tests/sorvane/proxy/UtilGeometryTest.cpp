@@ -4,7 +4,7 @@
 
 #include <numbers>
 
-#include "host/ed/acutPrintf.h"
+#include "host/rx/acutPrintf.h"
 #include "proxy/Util.h"
 #include "tests/sorvane/services/LogFixture.h"
 

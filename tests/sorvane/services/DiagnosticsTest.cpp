@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "host/ed/acutPrintf.h"
+#include "host/rx/acutPrintf.h"
 #include "services/Folders.h"
 #include "services/Timer.h"
 #include "tests/sorvane/services/LogFixture.h"

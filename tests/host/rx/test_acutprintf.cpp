@@ -1,7 +1,7 @@
 // The console line: formatting through the engine and the replaceable sink.
 #include <gtest/gtest.h>
 
-#include "host/ed/acutPrintf.h"
+#include "host/rx/acutPrintf.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // acutPrintf and its console sink.
-#include "host/ed/acutPrintf.h"
+#include "host/rx/acutPrintf.h"
 
 #include <cstdarg>
 #include <cstdio>

@@ -1,0 +1,8 @@
+// The process's one application services object.
+#include "host/db/AcDbHostApplicationServices.h"
+
+AcDbHostApplicationServices* acdbHostApplicationServices()
+{
+    static AcDbHostApplicationServices services;
+    return &services;
+}

@@ -1,0 +1,123 @@
+// Kept DXF groups: typed access and writing/reading them through a DXF filer.
+#include "host/db/AcDbTag.h"
+
+#include <cstring>
+
+#include "host/db/AcDbDxfCode.h"
+#include "host/db/AcDbDxfFiler.h"
+#include "host/db/AcDbDatabase.h"
+#include "host/db/AcDbOpen.h"
+
+Adesk::Int64 AcDbTag::asInt(Adesk::Int64 fallback) const
+{
+    if (const auto* v = std::get_if<Adesk::Int64>(&value))
+        return *v;
+    return fallback;
+}
+
+double AcDbTag::asReal(double fallback) const
+{
+    if (const auto* v = std::get_if<double>(&value))
+        return *v;
+    if (const auto* v = std::get_if<Adesk::Int64>(&value))
+        return static_cast<double>(*v);
+    return fallback;
+}
+
+std::wstring AcDbTag::asText(const std::wstring& fallback) const
+{
+    if (const auto* v = std::get_if<std::wstring>(&value))
+        return *v;
+    return fallback;
+}
+
+AcGePoint3d AcDbTag::asPoint(const AcGePoint3d& fallback) const
+{
+    if (const auto* v = std::get_if<AcGePoint3d>(&value))
+        return *v;
+    return fallback;
+}
+
+void acdbWriteTags(AcDbDxfFiler* filer, const AcDbTagList& tags)
+{
+    for (const AcDbTag& t : tags) {
+        const auto code = acdbDxfCode(t.code);
+        switch (acdbGroupCodeKind(t.code)) {
+        case AcDb::kDxfKindPoint:
+            if (t.is2d)
+                filer->writePoint2d(code, AcGePoint2d(t.asPoint().x, t.asPoint().y));
+            else if (std::holds_alternative<AcGePoint3d>(t.value))
+                filer->writePoint3d(code, t.asPoint());
+            else
+                filer->writeDouble(code, t.asReal());
+            break;
+        case AcDb::kDxfKindDouble: filer->writeDouble(code, t.asReal()); break;
+        case AcDb::kDxfKindInt8: filer->writeInt8(code, static_cast<Adesk::Int8>(t.asInt())); break;
+        case AcDb::kDxfKindInt16: filer->writeInt16(code, static_cast<Adesk::Int16>(t.asInt())); break;
+        case AcDb::kDxfKindInt32: filer->writeInt32(code, static_cast<Adesk::Int32>(t.asInt())); break;
+        case AcDb::kDxfKindInt64: filer->writeInt64(code, t.asInt()); break;
+        case AcDb::kDxfKindBool: filer->writeBool(code, t.asInt() != 0); break;
+        case AcDb::kDxfKindHandle: filer->writeHandle(code, AcDbHandle(t.asText().c_str())); break;
+        case AcDb::kDxfKindObjectId: {
+            AcDbObjectId id;
+            if (filer->database())
+                filer->database()->getAcDbObjectId(id, true, AcDbHandle(t.asText().c_str()));
+            filer->writeObjectId(code, id);
+            break;
+        }
+        case AcDb::kDxfKindBinary: {
+            const auto* bytes = std::get_if<std::vector<Adesk::UInt8>>(&t.value);
+            if (bytes)
+                filer->writeBytes(code, bytes->data(), bytes->size());
+            break;
+        }
+        default: filer->writeString(code, t.asText().c_str()); break;
+        }
+    }
+}
+
+void acdbReadTags(AcDbDxfFiler* filer, AcDbTagList& tags)
+{
+    resbuf rb;
+    while (!filer->atEOF()) {
+        if (filer->readResBuf(&rb) != Acad::eOk)
+            break;
+        if (rb.restype == AcDb::kDxfSubclass) {
+            filer->pushBackItem();
+            break;
+        }
+        AcDbTag t;
+        t.code = rb.restype;
+        switch (acdbGroupCodeKind(rb.restype)) {
+        case AcDb::kDxfKindPoint:
+            if (acdbIsPointXCode(rb.restype))
+                t.value = AcGePoint3d(rb.resval.rpoint[0], rb.resval.rpoint[1], rb.resval.rpoint[2]);
+            else
+                t.value = rb.resval.rreal;
+            break;
+        case AcDb::kDxfKindDouble: t.value = rb.resval.rreal; break;
+        case AcDb::kDxfKindInt8:
+        case AcDb::kDxfKindInt16:
+        case AcDb::kDxfKindBool: t.value = static_cast<Adesk::Int64>(rb.resval.rint); break;
+        case AcDb::kDxfKindInt32: t.value = static_cast<Adesk::Int64>(rb.resval.rlong); break;
+        case AcDb::kDxfKindInt64: t.value = rb.resval.mnInt64; break;
+        case AcDb::kDxfKindObjectId: {
+            AcDbObjectId id;
+            acdbGetObjectId(id, rb.resval.rlname);
+            ACHAR buf[17];
+            id.handle().getIntoAsciiBuffer(buf);
+            t.value = std::wstring(buf);
+            break;
+        }
+        case AcDb::kDxfKindBinary: {
+            std::vector<Adesk::UInt8> bytes(static_cast<size_t>(rb.resval.rbinary.clen));
+            if (!bytes.empty())
+                std::memcpy(bytes.data(), rb.resval.rbinary.buf, bytes.size());
+            t.value = std::move(bytes);
+            break;
+        }
+        default: t.value = std::wstring(rb.resval.rstring ? rb.resval.rstring : L""); break;
+        }
+        tags.push_back(std::move(t));
+    }
+}
