@@ -70,7 +70,8 @@ namespace Acad {
 
 #define SV_ACAD_ERROR_STATUS_ENUMERATOR(name) name,
 #define SV_ACAD_ERROR_STATUS_PINNED(name, value) name = value,
-enum ErrorStatus {
+// A fixed underlying type: a status read back as a number is never out of range.
+enum ErrorStatus : int {
     SV_ACAD_ERROR_STATUS_LIST(SV_ACAD_ERROR_STATUS_ENUMERATOR, SV_ACAD_ERROR_STATUS_PINNED)
 };
 #undef SV_ACAD_ERROR_STATUS_ENUMERATOR
