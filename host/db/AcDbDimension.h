@@ -130,6 +130,9 @@ public:
     Acad::ErrorStatus getGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
                                     AcDbIntArray& geomIds) const override;
     Acad::ErrorStatus moveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;
+    Adesk::Boolean worldDraw(AcGiWorldDraw* worldDraw) override;
+    // Lines, solids and texts: what worldDraw draws, as entities.
+    Acad::ErrorStatus explode(AcDbVoidPtrArray& entitySet) const override;
     void list() const override;
 
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;

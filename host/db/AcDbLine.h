@@ -34,6 +34,7 @@ public:
     Acad::ErrorStatus moveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;
     Acad::ErrorStatus getStretchPoints(AcGePoint3dArray& stretchPoints) const override;
     Acad::ErrorStatus moveStretchPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;
+    Adesk::Boolean worldDraw(AcGiWorldDraw* worldDraw) override;
     void list() const override;
 
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;

@@ -29,6 +29,7 @@ public:
                                      const AcGePoint3d& pickPoint, const AcGePoint3d& lastPoint,
                                      const AcGeMatrix3d& viewXform, AcGePoint3dArray& snapPoints,
                                      AcDbIntArray& geomIds) const override;
+    Adesk::Boolean worldDraw(AcGiWorldDraw* worldDraw) override;
     void list() const override;
 
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;

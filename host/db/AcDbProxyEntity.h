@@ -68,6 +68,7 @@ public:
 
     // What the flags allow: transformBy refuses without kTransformAllowed (eNotAllowedForThisProxy).
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& xform) override;
+    Adesk::Boolean worldDraw(AcGiWorldDraw* worldDraw) override;
     void list() const override;
 
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;

@@ -47,6 +47,7 @@ public:
 
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& xform) override;
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+    Adesk::Boolean worldDraw(AcGiWorldDraw* worldDraw) override;
     void list() const override;
 
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
