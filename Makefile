@@ -17,7 +17,10 @@ build: configure
 	@cmake --build --preset $(PRESET) -j $(JOBS)
 
 demo: build
-	@./build/$(PRESET)/bin/sorvane-demo
+	@mkdir -p build/demo-home
+	@XDG_CONFIG_HOME=$(CURDIR)/build/demo-home ./build/$(PRESET)/bin/sorvane -s examples/demo.scr -o build/demo.dxf \
+		--export build/demo.svg --export build/demo.pdf --export build/demo.png
+	@echo "demo: wrote build/demo.dxf, build/demo.svg, build/demo.pdf and build/demo.png"
 
 test: build
 	@ctest --preset $(PRESET) -j $(JOBS)

@@ -24,6 +24,7 @@ function(sv_host_library sub)
 endfunction()
 
 function(sv_gtest name)
+  file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/test-home/config ${CMAKE_BINARY_DIR}/test-home/tmp)
   cmake_parse_arguments(A "" "" "SOURCES;LIBS" ${ARGN})
   if(NOT A_SOURCES)
     file(GLOB A_SOURCES CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
@@ -35,7 +36,9 @@ function(sv_gtest name)
   target_link_libraries(${name} PRIVATE ${A_LIBS} GTest::gtest GTest::gtest_main GTest::gmock)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT 120 ENVIRONMENT "SV_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
+    PROPERTIES TIMEOUT 120
+    # Tests never touch the real user folders.
+    ENVIRONMENT "SV_SOURCE_DIR=${PROJECT_SOURCE_DIR};XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/test-home/config;TMPDIR=${CMAKE_BINARY_DIR}/test-home/tmp")
 endfunction()
 
 # Adds every immediate sub-folder of the current folder that has a CMakeLists.txt.

@@ -53,6 +53,9 @@ public:
 
     // Reading -----------------------------------------------------------------
     virtual Acad::ErrorStatus readResBuf(resbuf* item) = 0;
+    // Whether the point readResBuf gave last came without its z group, so that
+    // tags kept as read are written back in the same form.
+    virtual bool lastPointWas2d() const { return false; }
     Acad::ErrorStatus readItem(resbuf* item) { return readResBuf(item); }
     // The group just read is read again by the next readItem.
     virtual void pushBackItem() = 0;

@@ -90,9 +90,10 @@ void acdbReadTags(AcDbDxfFiler* filer, AcDbTagList& tags)
         t.code = rb.restype;
         switch (acdbGroupCodeKind(rb.restype)) {
         case AcDb::kDxfKindPoint:
-            if (acdbIsPointXCode(rb.restype))
+            if (acdbIsPointXCode(rb.restype)) {
                 t.value = AcGePoint3d(rb.resval.rpoint[0], rb.resval.rpoint[1], rb.resval.rpoint[2]);
-            else
+                t.is2d = filer->lastPointWas2d();
+            } else
                 t.value = rb.resval.rreal;
             break;
         case AcDb::kDxfKindDouble: t.value = rb.resval.rreal; break;

@@ -172,7 +172,9 @@ private:
     {
         if (need <= m_phys)
             return;
-        int phys = m_phys + m_grow;
+        // At least the grow size, and never less than doubling: appends stay
+        // amortised constant time however large the array becomes.
+        int phys = m_phys + (m_grow > m_phys ? m_grow : m_phys);
         if (phys < need)
             phys = need;
         m_data.reserve(static_cast<size_t>(phys));

@@ -25,6 +25,17 @@ TEST(AcArray, AppendGrowsPhysicalLengthInGrowSteps)
     EXPECT_EQ(a.physicalLength(), 16);
     EXPECT_EQ(a.first(), 5);
     EXPECT_EQ(a.last(), 8);
+
+    // Past the grow size the array doubles, so a long run of appends reallocates rarely.
+    int growths = 0;
+    for (int i = 0, phys = a.physicalLength(); i < 100000; ++i) {
+        a.append(i);
+        if (a.physicalLength() != phys) {
+            phys = a.physicalLength();
+            ++growths;
+        }
+    }
+    EXPECT_LE(growths, 14);
 }
 
 TEST(AcArray, LogicalAndPhysicalLength)

@@ -1,0 +1,249 @@
+// SVdim: the dimension chain. One entity measures a run of points along one
+// dimension line (or arc) and holds a value text for each pair of neighbours.
+// This header is the chain's contract: what it stores, how its slots are
+// addressed, and which operations of the host's entity it replaces.
+#pragma once
+
+#include "host/db/AcDbEntity.h"
+#include "host/db/AcDbObjectId.h"
+#include "host/ge/AcGe.h"
+#include "host/mfc/afxcoll.h"
+#include "options/DoubleArray.h"
+#include "proxy/AppendTextObject.h"
+
+// The application text a drawing keeps for the module's classes, shown when
+// the module is missing: product, description, company and web address.
+extern const wchar_t* const kSorvaneClassAppText;
+
+class AcDbCurve;
+
+class SVdim : public AcDbEntity {
+public:
+    ACRX_DECLARE_MEMBERS(SVdim);
+
+    // Chain types (m_dimType).
+    static constexpr int kHorizontal = 0;  // along the chain's x axis
+    static constexpr int kVertical = 1;    // 90 degrees above type 0
+    static constexpr int kAligned = 2;     // along two points or a picked object
+    static constexpr int kArc = 3;         // along an arc, circle or polyline arc
+
+    // The chain computes with its own rounded constants; angles compared in
+    // whole degrees depend on them, so they must not become the library's.
+    static constexpr double kPi = 3.1415926535;
+    static constexpr double kTwoPi = 6.283185307;
+    static constexpr double kHalfPi = 1.57079632675;
+
+    // Bits of a word of m_extFlags.
+    static constexpr UINT kExtHidden = 1;
+    static constexpr UINT kExtLeader = 2;
+    static constexpr UINT kTickBitsMask = 16 | 32 | 64 | 128 | 256 | 512;
+
+    // Indices of the parameter arrays the chain reads itself.
+    static constexpr int kDblScaleVal = 0;
+    static constexpr int kDblTextHeight = 1;
+    static constexpr int kDblExtLineLength = 2;
+    static constexpr int kDblDimLinesDistance = 3;
+    static constexpr int kDblAcadUnits = 9;
+    static constexpr int kStrIniFile = 3;
+    static constexpr int kIntExtLine = 0;
+    static constexpr int kIntRoundMM = 2;
+    static constexpr int kIntLastType = 3;
+    static constexpr int kIntDecimals = 4;
+    static constexpr int kIntArcMinPoint = 10;
+    static constexpr int kIntArcMaxPoint = 11;
+    static constexpr int kIntArcAsCircle = 12;
+    static constexpr int kIntAppVersion = 13;
+    static constexpr int kIntArcInputIsCircle = 15;
+    static constexpr int kIntSumStatus = 20;
+    static constexpr int kIntWipeOutStatus = 21;
+    static constexpr int kIntAltUnitsStatus = 22;
+
+    // --- construction -------------------------------------------------------
+    // Empty chain, as the filer, the class descriptor and copies make it.
+    SVdim();
+    // A chain of two extension lines through pt1 and pt2 with its dimension
+    // line through ptDim. pVectorDim fixes the direction; without it the
+    // type decides (type 2 first asks for an object to align with when no
+    // matrix is given). arcId names the source curve of an arc chain, with the
+    // polyline segment iArcSegment. pMatrix gives the coordinate system;
+    // without it the current UCS.
+    SVdim(const AcGePoint3d& pt1, const AcGePoint3d& pt2, const AcGePoint3d& ptDim, int iType,
+          const AcGeVector3d* pVectorDim = nullptr, AcDbObjectId arcId = AcDbObjectId::kNull,
+          int iArcSegment = 0, const AcGeMatrix3d* pMatrix = nullptr);
+    ~SVdim() override;
+
+    // m_normal to (0,0,1); with iMode 0 also the parameter arrays from the
+    // linear set of the option store, where they are shorter than the set.
+    // FALSE without an option store.
+    BOOL Initialize(int iMode = 0);
+    // Origin and axes from the matrix (x and y normalised, z their cross
+    // product), or from the current UCS for null; then RecalcVectorDim.
+    // Takes write access for the call when the chain is open for read.
+    void SetCoordSystem(const AcGeMatrix3d* pMatrix);
+
+    // --- points -----------------------------------------------------------------
+    // Extension line i owns slots 4i (input), 4i+1 (start of the extension
+    // line), 4i+2 (dimension point) and 4i+3 (text point of segment i).
+    int GetExtensions() const;
+    // A negative index counts as its absolute value. A bad index, or a chain
+    // below two extensions, gives (0,0,0) and a trace line.
+    AcGePoint3d GetPointInput(int iExt) const;
+    AcGePoint3d GetPointExt1(int iExt) const;
+    AcGePoint3d GetPointTextRef(int iExt) const;
+    // As above, but a single extension suffices, an index equal to the count
+    // reads the last, and -100 reads extension 1 and -99 extension 0 (100 and
+    // 99 too while the chain has fewer than 6 extensions).
+    AcGePoint3d GetPointDim(int iExt) const;
+    // x axis cross y axis: the normal of every plane operation.
+    AcGeVector3d GetChainNormal() const;
+    AcDbObjectId textStyleId() const;
+    void setTextStyleId(AcDbObjectId styleId);
+
+    // --- extension flags ------------------------------------------------------
+    BOOL GetExtLineVisible(int iExt) const;  // TRUE also for a bad index
+    BOOL IsLeader(int iExt) const;
+    // Both return the old state (0 or 1); a bad index changes nothing and gives 0.
+    int SetExtLineVisible(int iExt, BOOL bVisible);
+    int SetLeader(int iExt, BOOL bLeader);
+    // The tick of an extension: its own tick bit, else the chain's LastType.
+    // -1 asks for the chain's tick when every extension agrees, else -1.
+    int GetTickType(int iExt) const;
+    // An extension keeps its own bit only when it differs from the chain's
+    // tick; -1 sets the chain's tick and drops every own bit. FALSE for a bad
+    // index or tick type.
+    BOOL SetTickType(int iExt, int iTick);
+
+    // --- units ------------------------------------------------------------------
+    // The scale: ScaleVal, or the drawing's annotation scale on an annotative
+    // chain. A ScaleVal of 0 is repaired to 0.01 (and said on the console).
+    double GetScale() const;
+    // Drawing units per millimetre; 0 is repaired to 0.001.
+    double GetAcadUnits() const;
+    // Paper millimetres to drawing units.
+    double ToDrawing(double dValue) const;
+    // The percentage option iIndex of the text height, as a drawing length.
+    double AdaptByTextHeight(int iIndex) const;
+    // Radians to degrees, rounded by printing with iDecimals (0 or 2).
+    static double DegRound(double dAngle, int iDecimals = 0);
+    // Snaps a rotation near 0, 90, 180, 270 or 360 degrees; returns it.
+    static double SnapAngle(double& dAngle);
+    // The rotation of a line in the plane, from whichever of its two senses
+    // turns less: 0 up to below 180 degrees, snapped.
+    static double LineRotation(const AcGeVector3d& vLine);
+
+    // Chain status combined with the global switch: off globally counts only
+    // when the status is 1; on globally counts unless the status is 2.
+    BOOL IsAltUnits() const;
+    BOOL IsShowSum() const;
+    BOOL IsWipeOut() const;
+    // The chain's format becomes the current options (the options file name
+    // stays the store's own). FALSE without an option store.
+    BOOL SaveToGlobal() const;
+
+    // --- coordinates ------------------------------------------------------------
+    void WcsToChain(AcGePoint3d& point) const;
+    void WcsToChain(AcGeVector3d& vector) const;
+    void ChainToWcs(AcGePoint3d& point) const;
+    void ChainToWcs(AcGeVector3d& vector) const;
+
+    // --- geometry used while a chain is made -------------------------------
+    // Appends an extension for the point; see SVbasicGeometry.cpp.
+    int AddPointInput(AcGePoint3d& point, bool bForce = false);
+    AcGeLine3d GetDimLine() const;
+    AcGePoint3d PointToDimLine(const AcGePoint3d& point) const;
+    AcGeLine3d GetLineExt(int iExt) const;
+    double GetDistance(int iExt) const;
+    void RecalcVectorDim();
+    // Puts the extensions in ascending order along the dimension line (chain
+    // x, or y for a chain at 90 degrees; arc chains by curve parameter) and
+    // returns the new index of iExt (-1: none to follow).
+    int RearrangeExtensions(int iExt);
+    int ChangePointMainDim(AcGePoint3d& point, int iMode = 0);
+    // The source curve of an arc chain, open for read (the caller closes it).
+    AcDbCurve* GetDbArcInput() const;
+    // A new arc the caller deletes: the source arc, or a fictive one through
+    // the chain's points; null without points.
+    AcGeCircArc3d* GetArcInput(bool bFull = false);
+    int MakeParamArray();
+
+    // --- replaced operations of the host's entity -------------------------------
+    Adesk::UInt32 setAttributes(void* traits) override;
+    Adesk::Boolean isPlanar() const override;
+    Adesk::Boolean worldDraw(AcGiWorldDraw* pWd) override;
+    void viewportDraw(AcGiViewportDraw* pVd) override;
+    Adesk::UInt32 viewportDrawLogicalFlags(AcGiViewportDraw* pVd) override;
+    Acad::ErrorStatus dwgInFields(AcDbDwgFiler* pFiler) override;
+    Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* pFiler) const override;
+    Acad::ErrorStatus dxfInFields(AcDbDxfFiler* pFiler) override;
+    Acad::ErrorStatus dxfOutFields(AcDbDxfFiler* pFiler) const override;
+    Acad::ErrorStatus applyPartialUndo(AcDbDwgFiler* pUndoFiler, AcRxClass* pClass) override;
+    void erased(const AcDbObject* pObj, Adesk::Boolean bErasing = true) override;
+    void modified(const AcDbObject* pObj) override;
+    // LIST: version, type, extensions, rotation, points and texts.
+    void list() const override;
+    Acad::ErrorStatus getOsnapPoints(AcDb::OsnapMode osnapMode, Adesk::GsMarker gsSelectionMark,
+                                     const AcGePoint3d& pickPoint, const AcGePoint3d& lastPoint,
+                                     const AcGeMatrix3d& viewXform, AcGePoint3dArray& snapPoints,
+                                     AcDbIntArray& geomIds) const override;
+    Acad::ErrorStatus getOsnapPoints(AcDb::OsnapMode osnapMode, Adesk::GsMarker gsSelectionMark,
+                                     const AcGePoint3d& pickPoint, const AcGePoint3d& lastPoint,
+                                     const AcGeMatrix3d& viewXform, AcGePoint3dArray& snapPoints,
+                                     AcDbIntArray& geomIds, const AcGeMatrix3d& insertionMat) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& xform) override;
+    Acad::ErrorStatus getTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& pEnt) const override;
+    Acad::ErrorStatus explode(AcDbVoidPtrArray& entitySet) const override;
+    Acad::ErrorStatus getGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
+                                    AcDbIntArray& geomIds) const override;
+    Acad::ErrorStatus moveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;
+    Acad::ErrorStatus moveStretchPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;
+    Acad::ErrorStatus getSubentPathsAtGsMarker(AcDb::SubentType type, Adesk::GsMarker gsMark,
+                                               const AcGePoint3d& pickPoint, const AcGeMatrix3d& viewXform,
+                                               int& numPaths, AcDbFullSubentPath*& subentPaths,
+                                               int numInserts = 0,
+                                               AcDbObjectId* entAndInsertStack = nullptr) const override;
+    Acad::ErrorStatus getGsMarkersAtSubentPath(const AcDbFullSubentPath& subPath,
+                                               AcDbGsMarkerArray& gsMarkers) const override;
+    Acad::ErrorStatus getStretchPoints(AcGePoint3dArray& stretchPoints) const override;
+
+    // --- data, in the order the chain has always kept it ------------------------
+    AcDbObjectId m_arcObjectId;
+    Adesk::UInt32 m_arcSegment = 0;
+    // Arc chains: 0 dimension point at the start, 2 at the end, 3 centre,
+    // 4 input point at the start, 6 at the end; 1 and 5 unused.
+    AcGePoint3dArray m_arcPoints;
+    CObArray AppendTextList;  // owns its CAppendTextObject entries
+    int m_dimType = 0;
+    double m_dRotation = 0.0;  // radians, 0 up to below 180 degrees
+    AcGeVector3d m_vectorDim;  // unit direction of the dimension line (world)
+    AcGeDoubleArray m_arcParams;  // source curve parameter of each input point
+    AcGePoint3d m_xyzOrigin;
+    AcGeVector3d m_xAxis;
+    AcGeVector3d m_yAxis;
+    AcGeVector3d m_zAxis;
+    CDoubleArray arrayDouble;
+    CStringArray arrayString;
+    CUIntArray arrayInt;
+    CUIntArray m_extFlags;   // one word per extension line
+    CStringArray m_dimTexts;  // one record per segment, "text#pos[@user@prefix@postfix]"
+    AcGePoint3dArray m_points;
+    AcDbObjectId m_textStyleId;
+    AcGeVector3d m_normal;
+
+private:
+    // Origin and axes from the matrix or the current UCS, without RecalcVectorDim.
+    void StoreCoordSystem(const AcGeMatrix3d* pMatrix);
+    // The matrix of the chain's coordinate system (chain to world).
+    AcGeMatrix3d ChainMatrix() const;
+    // Constructor step: m_vectorDim and m_dRotation from the type and the points.
+    void InitDirection(const AcGePoint3d& pt1, const AcGePoint3d& pt2, const AcGeVector3d* pVectorDim,
+                       bool bAskObject);
+    // Type 2: the direction of an object the user picks; FALSE without one.
+    BOOL PickAlignment(AcGePoint3d& ptFrom, AcGePoint3d& ptTo) const;
+    // Constructor step: the source arc and the two input points of an arc chain.
+    void InitArcSource(AcGePoint3d& pt1, AcGePoint3d& pt2);
+    void ChangePointMainDimArc(AcGePoint3d& point);
+    // The slot of a point accessor after the index rules; -1 for a bad index.
+    int PointSlot(const wchar_t* pszWho, int iExt, int iSlot) const;
+    // Extends m_dimTexts and m_extFlags to the extension count.
+    void FitRecords();
+};

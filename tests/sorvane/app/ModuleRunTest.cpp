@@ -1,0 +1,113 @@
+// The built module as the host loads it: the `sorvane` program finds
+// sorvane.so beside itself, starts it, runs scripts against its commands and
+// shuts it down at the end of the session.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "app/CommandTable.h"
+#include "host/mfc/CString.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Result {
+    int status = -1;
+    std::string out, err;
+};
+
+std::string Slurp(const fs::path& p)
+{
+    std::ifstream in(p, std::ios::binary);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+size_t Count(const std::string& text, const std::string& what)
+{
+    size_t n = 0;
+    for (size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
+        ++n;
+    return n;
+}
+
+class ModuleRunTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        m_dir = fs::temp_directory_path() / ("sv_apprun_" + std::to_string(::getpid()) + "_" +
+                                             ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        fs::remove_all(m_dir);
+        fs::create_directories(m_dir);
+    }
+    void TearDown() override
+    {
+        std::error_code ec;
+        fs::remove_all(m_dir, ec);
+    }
+    // Runs `sorvane -c lines` with the user data folder in the test's folder.
+    Result Run(const std::string& lines) const
+    {
+        const fs::path script = m_dir / "run.scr", out = m_dir / "out.txt", err = m_dir / "err.txt";
+        std::ofstream(script, std::ios::binary) << lines;
+        const std::string cmd = "XDG_CONFIG_HOME='" + m_dir.string() + "' '" + SV_SORVANE_EXE + "' -s '" +
+                                script.string() + "' >'" + out.string() + "' 2>'" + err.string() + "' </dev/null";
+        Result r;
+        const int raw = std::system(cmd.c_str());
+        r.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
+        r.out = Slurp(out);
+        r.err = Slurp(err);
+        return r;
+    }
+    std::string Ini() const { return Slurp(m_dir / "halvorne" / "sorvane" / "Sorvane.ini"); }
+
+    fs::path m_dir;
+};
+
+TEST_F(ModuleRunTest, EveryCommandIsFoundByItsGlobalAndLocalName)
+{
+    int count = 0;
+    const CCommandEntry* table = GetCommandTable(&count);
+    ASSERT_EQ(count, 26);
+    std::vector<std::pair<std::string, std::string>> names;
+    for (int i = 0; i < count; ++i)
+        names.emplace_back(CString(table[i].pszGlobalName).ToUtf8(), CString(table[i].pszLocalName).ToUtf8());
+    std::string script;
+    for (const auto& [global, local] : names)
+        script += global + "\n" + local + "\n";
+    const Result r = Run(script);
+    EXPECT_EQ(r.status, 0) << r.out << r.err;
+    EXPECT_EQ(r.err, "");
+    // The one line with stars says MATCHPROP is not there yet; no error line.
+    EXPECT_EQ(Count(r.out, "**"), 1u) << r.out;
+    EXPECT_EQ(Count(r.out, "**MatchProperties has not been registered."), 1u) << r.out;
+    EXPECT_EQ(r.out.find("ANY "), std::string::npos) << r.out;
+    for (const auto& [global, local] : names) {
+        const size_t expected = global == "KOVA_Sorvane" ? 0 : 2;
+        EXPECT_EQ(Count(r.out, std::string("Befehl ") + global + " ist noch nicht verf\xC3\xBCgbar."), expected)
+            << global;
+    }
+    // The panel was open at the end of the session: it comes back next time.
+    EXPECT_NE(Ini().find("ShowAppWindow=1"), std::string::npos) << Ini();
+    EXPECT_NE(Ini().find("Position="), std::string::npos) << Ini();
+}
+
+TEST_F(ModuleRunTest, MatchPropAttachesTheExtensionWhenItsProviderLoads)
+{
+    const Result r = Run("LINE\n0,0\n1,0\n\nLINE\n0,1\n1,1\n\nMATCHPROP\n@@click 0.5,0\n@@click 0.5,1\n\n");
+    EXPECT_EQ(r.status, 0) << r.out << r.err;
+    EXPECT_EQ(Count(r.out, "**MatchProperties is now available."), 1u) << r.out;
+    EXPECT_EQ(r.out.find("ANY "), std::string::npos) << r.out;
+}
+
+} // namespace
