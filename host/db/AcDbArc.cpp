@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "host/db/AcDbDwgFiler.h"
+#include "host/db/AcDbFilerFields.h"
 #include "host/rx/acutPrintf.h"
 #include "host/rx/AcRxBoiler.h"
 
@@ -310,13 +311,7 @@ Acad::ErrorStatus AcDbArc::dwgOutFields(AcDbDwgFiler* filer) const
     Acad::ErrorStatus es = AcDbEntity::dwgOutFields(filer);
     if (es != Acad::eOk)
         return es;
-    filer->writePoint3d(m_center);
-    filer->writeDouble(m_radius);
-    filer->writeVector3d(m_normal);
-    filer->writeDouble(m_thickness);
-    filer->writeDouble(m_startAngle);
-    filer->writeDouble(m_endAngle);
-    return filer->filerStatus();
+    return AcDbFilerFields::write(filer, m_center, m_radius, m_normal, m_thickness, m_startAngle, m_endAngle);
 }
 
 Acad::ErrorStatus AcDbArc::dwgInFields(AcDbDwgFiler* filer)
@@ -325,13 +320,7 @@ Acad::ErrorStatus AcDbArc::dwgInFields(AcDbDwgFiler* filer)
     Acad::ErrorStatus es = AcDbEntity::dwgInFields(filer);
     if (es != Acad::eOk)
         return es;
-    filer->readPoint3d(&m_center);
-    filer->readDouble(&m_radius);
-    filer->readVector3d(&m_normal);
-    filer->readDouble(&m_thickness);
-    filer->readDouble(&m_startAngle);
-    filer->readDouble(&m_endAngle);
-    return filer->filerStatus();
+    return AcDbFilerFields::read(filer, m_center, m_radius, m_normal, m_thickness, m_startAngle, m_endAngle);
 }
 
 Acad::ErrorStatus AcDbArc::dxfOutFields(AcDbDxfFiler* filer) const
@@ -340,13 +329,7 @@ Acad::ErrorStatus AcDbArc::dxfOutFields(AcDbDxfFiler* filer) const
     Acad::ErrorStatus es = AcDbEntity::dxfOutFields(filer);
     if (es != Acad::eOk)
         return es;
-    filer->writeSubclassMarker(L"AcDbCircle");
-    if (m_thickness != 0.0 || filer->includesDefaultValues())
-        filer->writeDouble(AcDb::kDxfThickness, m_thickness);
-    filer->writePoint3d(AcDb::kDxfXCoord, AcGeMatrix3d::worldToPlane(m_normal) * m_center);
-    filer->writeDouble(AcDb::kDxfReal, m_radius);
-    if (m_normal != AcGeVector3d::kZAxis || filer->includesDefaultValues())
-        filer->writeVector3d(AcDb::kDxfNormalX, m_normal);
+    AcDbCurveGeom::writeCirclePart(filer, m_center, m_radius, m_normal, m_thickness);
     filer->writeSubclassMarker(L"AcDbArc");
     filer->writeAngle(AcDb::kDxfAngle, m_startAngle);
     filer->writeAngle(acdbDxfCode(51), m_endAngle);
@@ -363,16 +346,9 @@ Acad::ErrorStatus AcDbArc::dxfInFields(AcDbDxfFiler* filer)
     const double rad = AcDbCurveGeom::kPi / 180.0;
     es = AcDbCurveGeom::readDxfGroups(filer, [&](const resbuf& rb, const std::wstring&) {
         switch (rb.restype) {
-        case 10: ocsCenter = AcDbCurveGeom::point(rb); break;
-        case 40: m_radius = std::fabs(rb.resval.rreal); break;
-        case 39: m_thickness = rb.resval.rreal; break;
         case 50: m_startAngle = normalizeAngle(rb.resval.rreal * rad); break;
         case 51: m_endAngle = normalizeAngle(rb.resval.rreal * rad); break;
-        case 210:
-            if (!AcDbCurveGeom::unitNormal(AcDbCurveGeom::vector(rb), m_normal))
-                m_normal = AcGeVector3d::kZAxis;
-            break;
-        default: break;
+        default: AcDbCurveGeom::readCirclePart(rb, ocsCenter, m_radius, m_thickness, m_normal); break;
         }
         return Acad::eOk;
     });

@@ -50,15 +50,18 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
         return Acad::eNoDatabase;
     if (!isWriteEnabled())
         return Acad::eNotOpenForWrite;
-    assertWriteEnabled();
+    // No snapshot of the record: undo needs only the appended id, whatever the list's length.
+    assertWriteEnabled(false, true);
     // Added without the appended event first, so that reactors see the entity with its
     // owner and in the list.
     id = db->impl().add(entity, AcDbHandle());
     AcDbObjectAccess::openAsNew(entity);
-    db->undoManager()->recordAppend(id);
-    AcDbObjectAccess::markRecorded(entity, db->undoManager()->serial());
+    AcDbUndoManager* undo = db->undoManager();
+    undo->recordAppend(id);
+    AcDbObjectAccess::markRecorded(entity, undo->serial());
     AcDbObjectAccess::setOwnerRaw(entity, objectId());
     m_entities.append(id);
+    undo->recordOwnerAdd(objectId(), id);
     db->incrementDbmod();
     db->impl().fireAppended(entity);
     return Acad::eOk;
@@ -75,7 +78,12 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAsRead(AcDbObjectId entityId)
 
 void AcDbBlockTableRecord::removeEntityId(AcDbObjectId entityId)
 {
-    m_entities.remove(entityId);
+    // From the end: undo takes out the newest entities first.
+    for (int i = m_entities.length() - 1; i >= 0; --i)
+        if (m_entities[i] == entityId) {
+            m_entities.removeAt(i);
+            return;
+        }
 }
 
 Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator*& iterator, bool atBeginning,
@@ -288,55 +296,19 @@ Acad::ErrorStatus AcDbBlockTableRecord::dxfInFields(AcDbDxfFiler* f)
 
 // Iterator --------------------------------------------------------------------------------
 
-AcDbBlockTableRecordIterator::AcDbBlockTableRecordIterator(const AcDbObjectIdArray& ids, bool) : m_ids(ids) {}
+AcDbBlockTableRecordIterator::AcDbBlockTableRecordIterator(const AcDbObjectIdArray& ids, bool) : m_cursor(ids) {}
 
-void AcDbBlockTableRecordIterator::skip(bool forward, bool skipDeleted)
-{
-    while (m_pos >= 0 && m_pos < m_ids.length() && skipDeleted && m_ids[m_pos].isErased())
-        m_pos += forward ? 1 : -1;
-}
-
-void AcDbBlockTableRecordIterator::start(bool atBeginning, bool skipDeleted)
-{
-    m_pos = atBeginning ? 0 : m_ids.length() - 1;
-    skip(atBeginning, skipDeleted);
-}
-
-bool AcDbBlockTableRecordIterator::done() const
-{
-    return m_pos < 0 || m_pos >= m_ids.length();
-}
-
-void AcDbBlockTableRecordIterator::step(bool forward, bool skipDeleted)
-{
-    if (done())
-        return;
-    m_pos += forward ? 1 : -1;
-    skip(forward, skipDeleted);
-}
-
-Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntityId(AcDbObjectId& id) const
-{
-    if (done())
-        return Acad::eIteratorDone;
-    id = m_ids[m_pos];
-    return Acad::eOk;
-}
+void AcDbBlockTableRecordIterator::start(bool atBeginning, bool skipDeleted) { m_cursor.start(atBeginning, skipDeleted); }
+bool AcDbBlockTableRecordIterator::done() const { return m_cursor.done(); }
+void AcDbBlockTableRecordIterator::step(bool forward, bool skipDeleted) { m_cursor.step(forward, skipDeleted); }
+Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntityId(AcDbObjectId& id) const { return m_cursor.id(id); }
+Acad::ErrorStatus AcDbBlockTableRecordIterator::seek(AcDbObjectId id) { return m_cursor.seek(id); }
 
 Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntity(AcDbEntity*& entity, AcDb::OpenMode mode,
                                                           bool openErased) const
 {
     entity = nullptr;
-    if (done())
-        return Acad::eIteratorDone;
-    return acdbOpenObject(entity, m_ids[m_pos], mode, openErased);
-}
-
-Acad::ErrorStatus AcDbBlockTableRecordIterator::seek(AcDbObjectId id)
-{
-    const int i = m_ids.find(id);
-    if (i < 0)
-        return Acad::eKeyNotFound;
-    m_pos = i;
-    return Acad::eOk;
+    AcDbObjectId id;
+    const Acad::ErrorStatus es = m_cursor.id(id);
+    return es != Acad::eOk ? es : acdbOpenObject(entity, id, mode, openErased);
 }

@@ -108,7 +108,5 @@ public:
 private:
     friend class AcDbBlockTableRecord;
     AcDbBlockTableRecordIterator(const AcDbObjectIdArray& ids, bool skipDeleted);
-    void skip(bool forward, bool skipDeleted);
-    AcDbObjectIdArray m_ids;  // a snapshot: appending while iterating is safe
-    int m_pos = 0;
+    AcDbIdCursor m_cursor;  // over a copy: appending while iterating is safe
 };

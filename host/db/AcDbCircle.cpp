@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "host/db/AcDbDwgFiler.h"
+#include "host/db/AcDbFilerFields.h"
 #include "host/rx/acutPrintf.h"
 #include "host/rx/AcRxBoiler.h"
 
@@ -228,11 +229,7 @@ Acad::ErrorStatus AcDbCircle::dwgOutFields(AcDbDwgFiler* filer) const
     Acad::ErrorStatus es = AcDbEntity::dwgOutFields(filer);
     if (es != Acad::eOk)
         return es;
-    filer->writePoint3d(m_center);
-    filer->writeDouble(m_radius);
-    filer->writeVector3d(m_normal);
-    filer->writeDouble(m_thickness);
-    return filer->filerStatus();
+    return AcDbFilerFields::write(filer, m_center, m_radius, m_normal, m_thickness);
 }
 
 Acad::ErrorStatus AcDbCircle::dwgInFields(AcDbDwgFiler* filer)
@@ -241,11 +238,7 @@ Acad::ErrorStatus AcDbCircle::dwgInFields(AcDbDwgFiler* filer)
     Acad::ErrorStatus es = AcDbEntity::dwgInFields(filer);
     if (es != Acad::eOk)
         return es;
-    filer->readPoint3d(&m_center);
-    filer->readDouble(&m_radius);
-    filer->readVector3d(&m_normal);
-    filer->readDouble(&m_thickness);
-    return filer->filerStatus();
+    return AcDbFilerFields::read(filer, m_center, m_radius, m_normal, m_thickness);
 }
 
 Acad::ErrorStatus AcDbCircle::dxfOutFields(AcDbDxfFiler* filer) const
@@ -254,13 +247,7 @@ Acad::ErrorStatus AcDbCircle::dxfOutFields(AcDbDxfFiler* filer) const
     Acad::ErrorStatus es = AcDbEntity::dxfOutFields(filer);
     if (es != Acad::eOk)
         return es;
-    filer->writeSubclassMarker(L"AcDbCircle");
-    if (m_thickness != 0.0 || filer->includesDefaultValues())
-        filer->writeDouble(AcDb::kDxfThickness, m_thickness);
-    filer->writePoint3d(AcDb::kDxfXCoord, AcGeMatrix3d::worldToPlane(m_normal) * m_center);
-    filer->writeDouble(AcDb::kDxfReal, m_radius);
-    if (m_normal != AcGeVector3d::kZAxis || filer->includesDefaultValues())
-        filer->writeVector3d(AcDb::kDxfNormalX, m_normal);
+    AcDbCurveGeom::writeCirclePart(filer, m_center, m_radius, m_normal, m_thickness);
     return filer->filerStatus();
 }
 
@@ -272,16 +259,7 @@ Acad::ErrorStatus AcDbCircle::dxfInFields(AcDbDxfFiler* filer)
         return es;
     AcGePoint3d ocsCenter = AcGeMatrix3d::worldToPlane(m_normal) * m_center;
     es = AcDbCurveGeom::readDxfGroups(filer, [&](const resbuf& rb, const std::wstring&) {
-        switch (rb.restype) {
-        case 10: ocsCenter = AcDbCurveGeom::point(rb); break;
-        case 40: m_radius = std::fabs(rb.resval.rreal); break;
-        case 39: m_thickness = rb.resval.rreal; break;
-        case 210:
-            if (!AcDbCurveGeom::unitNormal(AcDbCurveGeom::vector(rb), m_normal))
-                m_normal = AcGeVector3d::kZAxis;
-            break;
-        default: break;
-        }
+        AcDbCurveGeom::readCirclePart(rb, ocsCenter, m_radius, m_thickness, m_normal);
         return Acad::eOk;
     });
     m_center = AcGeMatrix3d::planeToWorld(m_normal) * ocsCenter;

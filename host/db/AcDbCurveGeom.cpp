@@ -195,3 +195,49 @@ AcDbObjectId AcDbCurveGeom::recordId(AcDbDatabase* db, Table table, const std::w
     tab->close();
     return id;
 }
+
+void AcDbCurveGeom::writeThickness(AcDbDxfFiler* filer, double thickness)
+{
+    if (thickness != 0.0 || filer->includesDefaultValues())
+        filer->writeDouble(AcDb::kDxfThickness, thickness);
+}
+
+void AcDbCurveGeom::writeNormal(AcDbDxfFiler* filer, const AcGeVector3d& normal)
+{
+    if (normal != AcGeVector3d::kZAxis || filer->includesDefaultValues())
+        filer->writeVector3d(AcDb::kDxfNormalX, normal);
+}
+
+bool AcDbCurveGeom::readThicknessOrNormal(const resbuf& rb, double& thickness, AcGeVector3d& normal)
+{
+    if (rb.restype == 39) {
+        thickness = rb.resval.rreal;
+        return true;
+    }
+    if (rb.restype == 210) {
+        if (!unitNormal(vector(rb), normal))
+            normal = AcGeVector3d::kZAxis;
+        return true;
+    }
+    return false;
+}
+
+void AcDbCurveGeom::writeCirclePart(AcDbDxfFiler* filer, const AcGePoint3d& center, double radius,
+                                    const AcGeVector3d& normal, double thickness)
+{
+    filer->writeSubclassMarker(L"AcDbCircle");
+    writeThickness(filer, thickness);
+    filer->writePoint3d(AcDb::kDxfXCoord, AcGeMatrix3d::worldToPlane(normal) * center);
+    filer->writeDouble(AcDb::kDxfReal, radius);
+    writeNormal(filer, normal);
+}
+
+bool AcDbCurveGeom::readCirclePart(const resbuf& rb, AcGePoint3d& ocsCenter, double& radius, double& thickness,
+                                   AcGeVector3d& normal)
+{
+    switch (rb.restype) {
+    case 10: ocsCenter = point(rb); return true;
+    case 40: radius = std::fabs(rb.resval.rreal); return true;
+    default: return readThicknessOrNormal(rb, thickness, normal);
+    }
+}

@@ -104,6 +104,20 @@ inline AcGeVector3d vector(const resbuf& rb)
     return AcGeVector3d(rb.resval.rpoint[0], rb.resval.rpoint[1], rb.resval.rpoint[2]);
 }
 
+// 39 thickness and 210 normal of a planar entity, each left out at its default unless the
+// filer asks for defaults.
+void writeThickness(AcDbDxfFiler* filer, double thickness);
+void writeNormal(AcDbDxfFiler* filer, const AcGeVector3d& normal);
+// Takes a 39 or 210 group (a zero normal becomes the z axis); false for any other group.
+bool readThicknessOrNormal(const resbuf& rb, double& thickness, AcGeVector3d& normal);
+// The "AcDbCircle" part that circles and arcs share: 39, 10 (the centre in the object
+// coordinate system), 40 and 210.
+void writeCirclePart(AcDbDxfFiler* filer, const AcGePoint3d& center, double radius,
+                     const AcGeVector3d& normal, double thickness);
+// Takes a group of that part (the centre stays in object coordinates); false otherwise.
+bool readCirclePart(const resbuf& rb, AcGePoint3d& ocsCenter, double& radius, double& thickness,
+                    AcGeVector3d& normal);
+
 // Symbol references by name, for the DXF forms. The record's name, "" when the id
 // cannot be opened; the id of a name in the database's table, null when missing.
 std::wstring recordName(AcDbObjectId id);

@@ -50,6 +50,8 @@ AcDbObjectId AcDbDatabase::Impl::add(AcDbObject* obj, AcDbHandle handle)
     stub->erased = false;
     stub->removed = false;
     AcDbObjectAccess::attach(obj, stub);
+    if (AcDbUndoManager* undo = db->undoManager())
+        undo->noteAdd();
     return AcDbObjectId(stub);
 }
 

@@ -80,8 +80,9 @@ Acad::ErrorStatus cloneInto(AcDbDatabase* src, AcDbDatabase* dest, const AcDbObj
         if (item.primary) {
             if (ownerBtr && AcDbEntity::cast(item.clone)) {
                 AcDbObjectAccess::setOwnerRaw(item.clone, owner);
-                ownerBtr->assertWriteEnabled();
+                ownerBtr->assertWriteEnabled(false, true);
                 ownerBtr->appendAsRead(item.clone->objectId());
+                dest->undoManager()->recordOwnerAdd(owner, item.clone->objectId());
             } else {
                 AcDbObjectAccess::setOwnerRaw(item.clone, source.get()->ownerId().database() == dest
                                                               ? source.get()->ownerId()

@@ -9,6 +9,7 @@
 #include "host/db/AcDbDxfFiler.h"
 #include "host/db/AcDbObjectAccess.h"
 #include "host/db/AcDbOpen.h"
+#include "host/db/AcDbUndoManager.h"
 #include "host/db/acutads.h"
 #include "host/rx/AcRxBoiler.h"
 
@@ -106,7 +107,9 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* key, AcDbObject* value, AcD
         return Acad::eNoDatabase;
     if (!isWriteEnabled())
         return Acad::eNotOpenForWrite;
-    assertWriteEnabled();
+    const int i = find(key);
+    // A new key only grows the list: undo needs that id, not a snapshot of every entry.
+    assertWriteEnabled(i >= 0, true);
     if (!value->isDatabaseResident()) {
         const Acad::ErrorStatus es = db->addAcDbObject(retId, value);
         if (es != Acad::eOk)
@@ -115,7 +118,6 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* key, AcDbObject* value, AcD
         retId = value->objectId();
     }
     AcDbObjectAccess::setOwnerRaw(value, objectId());
-    const int i = find(key);
     if (i >= 0) {
         Entry& e = m_entries[static_cast<size_t>(i)];
         if (e.id != retId) {
@@ -128,6 +130,7 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* key, AcDbObject* value, AcD
         e.id = retId;
     } else {
         m_entries.push_back({key, retId});
+        db->undoManager()->recordOwnerAdd(objectId(), retId);
     }
     return Acad::eOk;
 }

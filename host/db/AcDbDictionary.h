@@ -63,6 +63,7 @@ public:
     const std::vector<Entry>& entries() const { return m_entries; }
 
 private:
+    friend class AcDbUndoAccess;
     int find(const ACHAR* key) const;
     std::vector<Entry> m_entries;
     bool m_hard = false;

@@ -183,19 +183,25 @@ Acad::ErrorStatus AcDbDimVars::setValue(int code, const AcDbDimVarValue& value)
     }
 }
 
+// Member to member, not through AcDbDimVarValue: a true colour has no place in its integer.
 Acad::ErrorStatus AcDbDimVars::copyValue(int code, const AcDbDimVars& other)
 {
-    AcDbDimVarValue v;
-    const Acad::ErrorStatus es = other.getValue(code, v);
-    return es == Acad::eOk ? setValue(code, v) : es;
+    switch (code) {
+#define SV_DIMVAR_COPY(lower, Cap, Kind, c, imp, met) case c: lower = other.lower; return Acad::eOk;
+        SV_DIMVAR_LIST(SV_DIMVAR_COPY)
+#undef SV_DIMVAR_COPY
+    default: return Acad::eKeyNotFound;
+    }
 }
 
 bool AcDbDimVars::sameValue(int code, const AcDbDimVars& other) const
 {
-    AcDbDimVarValue a, b;
-    if (getValue(code, a) != Acad::eOk || other.getValue(code, b) != Acad::eOk)
-        return false;
-    return a.real == b.real && a.integer == b.integer && a.text == b.text && a.id == b.id;
+    switch (code) {
+#define SV_DIMVAR_SAME(lower, Cap, Kind, c, imp, met) case c: return lower == other.lower;
+        SV_DIMVAR_LIST(SV_DIMVAR_SAME)
+#undef SV_DIMVAR_SAME
+    default: return false;
+    }
 }
 
 Acad::ErrorStatus AcDbDimVars::dwgOutFields(AcDbDwgFiler* f) const

@@ -180,8 +180,9 @@ struct AcDbDimVars {
     // eKeyNotFound for a code that is no variable.
     Acad::ErrorStatus getValue(int dxfCode, AcDbDimVarValue& value) const;
     Acad::ErrorStatus setValue(int dxfCode, const AcDbDimVarValue& value);
-    // Copies one variable from other.
+    // Copies one variable from other, a true colour included.
     Acad::ErrorStatus copyValue(int dxfCode, const AcDbDimVars& other);
+    // False for a code that is no variable.
     bool sameValue(int dxfCode, const AcDbDimVars& other) const;
 
     // Every variable in list order, ids as hard pointers.

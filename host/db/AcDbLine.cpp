@@ -2,6 +2,7 @@
 #include "host/db/AcDbLine.h"
 
 #include "host/db/AcDbDwgFiler.h"
+#include "host/db/AcDbFilerFields.h"
 #include "host/rx/acutPrintf.h"
 #include "host/rx/AcRxBoiler.h"
 
@@ -202,11 +203,7 @@ Acad::ErrorStatus AcDbLine::dwgOutFields(AcDbDwgFiler* filer) const
     Acad::ErrorStatus es = AcDbEntity::dwgOutFields(filer);
     if (es != Acad::eOk)
         return es;
-    filer->writePoint3d(m_start);
-    filer->writePoint3d(m_end);
-    filer->writeDouble(m_thickness);
-    filer->writeVector3d(m_normal);
-    return filer->filerStatus();
+    return AcDbFilerFields::write(filer, m_start, m_end, m_thickness, m_normal);
 }
 
 Acad::ErrorStatus AcDbLine::dwgInFields(AcDbDwgFiler* filer)
@@ -215,11 +212,7 @@ Acad::ErrorStatus AcDbLine::dwgInFields(AcDbDwgFiler* filer)
     Acad::ErrorStatus es = AcDbEntity::dwgInFields(filer);
     if (es != Acad::eOk)
         return es;
-    filer->readPoint3d(&m_start);
-    filer->readPoint3d(&m_end);
-    filer->readDouble(&m_thickness);
-    filer->readVector3d(&m_normal);
-    return filer->filerStatus();
+    return AcDbFilerFields::read(filer, m_start, m_end, m_thickness, m_normal);
 }
 
 Acad::ErrorStatus AcDbLine::dxfOutFields(AcDbDxfFiler* filer) const
@@ -229,12 +222,10 @@ Acad::ErrorStatus AcDbLine::dxfOutFields(AcDbDxfFiler* filer) const
     if (es != Acad::eOk)
         return es;
     filer->writeSubclassMarker(L"AcDbLine");
-    if (m_thickness != 0.0 || filer->includesDefaultValues())
-        filer->writeDouble(AcDb::kDxfThickness, m_thickness);
+    AcDbCurveGeom::writeThickness(filer, m_thickness);
     filer->writePoint3d(AcDb::kDxfXCoord, m_start);
     filer->writePoint3d(acdbDxfCode(11), m_end);
-    if (m_normal != AcGeVector3d::kZAxis || filer->includesDefaultValues())
-        filer->writeVector3d(AcDb::kDxfNormalX, m_normal);
+    AcDbCurveGeom::writeNormal(filer, m_normal);
     return filer->filerStatus();
 }
 
@@ -248,12 +239,7 @@ Acad::ErrorStatus AcDbLine::dxfInFields(AcDbDxfFiler* filer)
         switch (rb.restype) {
         case 10: m_start = AcDbCurveGeom::point(rb); break;
         case 11: m_end = AcDbCurveGeom::point(rb); break;
-        case 39: m_thickness = rb.resval.rreal; break;
-        case 210:
-            if (!AcDbCurveGeom::unitNormal(AcDbCurveGeom::vector(rb), m_normal))
-                m_normal = AcGeVector3d::kZAxis;
-            break;
-        default: break;
+        default: AcDbCurveGeom::readThicknessOrNormal(rb, m_thickness, m_normal); break;
         }
         return Acad::eOk;
     });

@@ -55,4 +55,6 @@ public:
     static void restore(AcDbObject* obj, const std::vector<Adesk::UInt8>& bytes);
     static void partial(AcDbObject* obj, class AcDbBinaryFiler& filer, AcRxClass* cls);
     static void toggleErase(AcDbObject* obj, bool erased);
+    // Takes id out of owner's list (the undo of AcDbUndoManager::recordOwnerAdd).
+    static void takeOut(AcDbObject* owner, AcDbObjectId id);
 };

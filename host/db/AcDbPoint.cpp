@@ -4,6 +4,7 @@
 
 #include "host/db/AcDbCurveGeom.h"
 #include "host/db/AcDbDwgFiler.h"
+#include "host/db/AcDbFilerFields.h"
 #include "host/rx/acutPrintf.h"
 #include "host/rx/AcRxBoiler.h"
 
@@ -91,11 +92,7 @@ Acad::ErrorStatus AcDbPoint::dwgOutFields(AcDbDwgFiler* filer) const
     Acad::ErrorStatus es = AcDbEntity::dwgOutFields(filer);
     if (es != Acad::eOk)
         return es;
-    filer->writePoint3d(m_position);
-    filer->writeDouble(m_thickness);
-    filer->writeVector3d(m_normal);
-    filer->writeDouble(m_rotation);
-    return filer->filerStatus();
+    return AcDbFilerFields::write(filer, m_position, m_thickness, m_normal, m_rotation);
 }
 
 Acad::ErrorStatus AcDbPoint::dwgInFields(AcDbDwgFiler* filer)
@@ -104,11 +101,7 @@ Acad::ErrorStatus AcDbPoint::dwgInFields(AcDbDwgFiler* filer)
     Acad::ErrorStatus es = AcDbEntity::dwgInFields(filer);
     if (es != Acad::eOk)
         return es;
-    filer->readPoint3d(&m_position);
-    filer->readDouble(&m_thickness);
-    filer->readVector3d(&m_normal);
-    filer->readDouble(&m_rotation);
-    return filer->filerStatus();
+    return AcDbFilerFields::read(filer, m_position, m_thickness, m_normal, m_rotation);
 }
 
 Acad::ErrorStatus AcDbPoint::dxfOutFields(AcDbDxfFiler* filer) const

@@ -324,57 +324,21 @@ Acad::ErrorStatus AcDbSymbolTableRecord::dxfInFields(AcDbDxfFiler* f)
 // Iterators -------------------------------------------------------------------------------
 
 AcDbSymbolTableIterator::AcDbSymbolTableIterator(const AcDbSymbolTable* table, bool)
-    : m_ids(table->recordIds())
+    : m_cursor(table->recordIds())
 {
 }
 
-void AcDbSymbolTableIterator::skip(bool forward, bool skipDeleted)
-{
-    while (m_pos >= 0 && m_pos < m_ids.length() && skipDeleted && m_ids[m_pos].isErased())
-        m_pos += forward ? 1 : -1;
-}
-
-void AcDbSymbolTableIterator::start(bool atBeginning, bool skipDeleted)
-{
-    m_pos = atBeginning ? 0 : m_ids.length() - 1;
-    skip(atBeginning, skipDeleted);
-}
-
-bool AcDbSymbolTableIterator::done() const
-{
-    return m_pos < 0 || m_pos >= m_ids.length();
-}
-
-void AcDbSymbolTableIterator::step(bool forward, bool skipDeleted)
-{
-    if (done())
-        return;
-    m_pos += forward ? 1 : -1;
-    skip(forward, skipDeleted);
-}
-
-Acad::ErrorStatus AcDbSymbolTableIterator::getRecordId(AcDbObjectId& id) const
-{
-    if (done())
-        return Acad::eIteratorDone;
-    id = m_ids[m_pos];
-    return Acad::eOk;
-}
+void AcDbSymbolTableIterator::start(bool atBeginning, bool skipDeleted) { m_cursor.start(atBeginning, skipDeleted); }
+bool AcDbSymbolTableIterator::done() const { return m_cursor.done(); }
+void AcDbSymbolTableIterator::step(bool forward, bool skipDeleted) { m_cursor.step(forward, skipDeleted); }
+Acad::ErrorStatus AcDbSymbolTableIterator::getRecordId(AcDbObjectId& id) const { return m_cursor.id(id); }
+Acad::ErrorStatus AcDbSymbolTableIterator::seek(AcDbObjectId id) { return m_cursor.seek(id); }
 
 Acad::ErrorStatus AcDbSymbolTableIterator::getRecord(AcDbSymbolTableRecord*& record, AcDb::OpenMode mode,
                                                      bool openErased) const
 {
     record = nullptr;
-    if (done())
-        return Acad::eIteratorDone;
-    return acdbOpenObject(record, m_ids[m_pos], mode, openErased);
-}
-
-Acad::ErrorStatus AcDbSymbolTableIterator::seek(AcDbObjectId id)
-{
-    const int i = m_ids.find(id);
-    if (i < 0)
-        return Acad::eKeyNotFound;
-    m_pos = i;
-    return Acad::eOk;
+    AcDbObjectId id;
+    const Acad::ErrorStatus es = m_cursor.id(id);
+    return es != Acad::eOk ? es : acdbOpenObject(record, id, mode, openErased);
 }

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "host/db/AcDbIdCursor.h"
 #include "host/db/AcDbObject.h"
 
 class AcDbSymbolTableRecord;
@@ -112,9 +113,7 @@ public:
 protected:
     friend class AcDbSymbolTable;
     explicit AcDbSymbolTableIterator(const AcDbSymbolTable* table, bool skipDeleted);
-    void skip(bool forward, bool skipDeleted);
-    AcDbObjectIdArray m_ids;  // a snapshot: adding records while iterating is safe
-    int m_pos = 0;
+    AcDbIdCursor m_cursor;  // over a copy: adding records while iterating is safe
 };
 
 // Declares a table class TABLE of records RECORD with its typed getAt and iterator.

@@ -1,15 +1,20 @@
 // Undo groups: recording object snapshots, appends, erases and header changes, and replay.
 #include "host/db/AcDbUndoManager.h"
 
+#include <iterator>
+
 #include "host/db/AcDbBinaryFiler.h"
+#include "host/db/AcDbBlockTable.h"
 #include "host/db/AcDbDatabase.h"
 #include "host/db/AcDbDatabaseImpl.h"
 #include "host/db/AcDbDatabaseReactor.h"
+#include "host/db/AcDbDictionary.h"
 #include "host/db/AcDbObjectAccess.h"
 
 struct AcDbUndoManager::Record {
-    enum Kind { kSnapshot, kAppend, kErase, kHeader, kPartial } kind;
+    enum Kind { kSnapshot, kAppend, kOwnerAdd, kErase, kHeader, kPartial } kind = kSnapshot;
     AcDbObjectId id;
+    AcDbObjectId owner;
     std::vector<Adesk::UInt8> bytes;
     bool erasing = false;
     std::unique_ptr<AcDbHeaderVars> header;
@@ -21,6 +26,7 @@ struct AcDbUndoManager::Record {
 struct AcDbUndoManager::Group {
     std::vector<Record> records;
     AcDbHandle seedAtStart;
+    unsigned long long unrecordedAtStart = 0;
 };
 
 AcDbUndoManager::AcDbUndoManager(AcDbDatabase* db) : m_db(db) {}
@@ -47,8 +53,7 @@ void AcDbUndoManager::startGroup()
         return;
     if (m_implicit && !m_implicit->records.empty())
         m_groups.push_back(std::move(m_implicit));
-    m_implicit = std::make_unique<Group>();
-    m_implicit->seedAtStart = m_db->handseed();
+    m_implicit = newGroup();
     ++m_serial;
     m_headerRecorded = false;
 }
@@ -64,13 +69,34 @@ void AcDbUndoManager::endGroup()
     m_headerRecorded = false;
 }
 
+std::unique_ptr<AcDbUndoManager::Group> AcDbUndoManager::newGroup() const
+{
+    auto group = std::make_unique<Group>();
+    group->seedAtStart = m_db->handseed();
+    group->unrecordedAtStart = m_unrecordedAdds;
+    return group;
+}
+
+void AcDbUndoManager::noteAdd()
+{
+    if (!recording())
+        ++m_unrecordedAdds;
+}
+
 AcDbUndoManager::Group& AcDbUndoManager::current()
 {
-    if (!m_implicit) {
-        m_implicit = std::make_unique<Group>();
-        m_implicit->seedAtStart = m_db->handseed();
-    }
+    if (!m_implicit)
+        m_implicit = newGroup();
     return *m_implicit;
+}
+
+AcDbUndoManager::Record& AcDbUndoManager::push(int kind, AcDbObjectId id)
+{
+    current().records.emplace_back();
+    Record& r = current().records.back();
+    r.kind = static_cast<Record::Kind>(kind);
+    r.id = id;
+    return r;
 }
 
 void AcDbUndoManager::recordSnapshot(const AcDbObject* obj)
@@ -79,22 +105,25 @@ void AcDbUndoManager::recordSnapshot(const AcDbObject* obj)
         return;
     AcDbBinaryFiler filer(AcDb::kUndoFiler, m_db);
     obj->dwgOutFields(&filer);
-    Record r{Record::kSnapshot, obj->objectId(), filer.bytes(), false, nullptr, AcDbHandle(), nullptr, nullptr};
-    current().records.push_back(std::move(r));
+    push(Record::kSnapshot, obj->objectId()).bytes = filer.bytes();
 }
 
 void AcDbUndoManager::recordAppend(AcDbObjectId id)
 {
-    if (!recording())
-        return;
-    current().records.push_back(Record{Record::kAppend, id, {}, false, nullptr, AcDbHandle(), nullptr, nullptr});
+    if (recording())
+        push(Record::kAppend, id);
+}
+
+void AcDbUndoManager::recordOwnerAdd(AcDbObjectId owner, AcDbObjectId id)
+{
+    if (recording())
+        push(Record::kOwnerAdd, id).owner = owner;
 }
 
 void AcDbUndoManager::recordErase(AcDbObjectId id, bool erasing)
 {
-    if (!recording())
-        return;
-    current().records.push_back(Record{Record::kErase, id, {}, erasing, nullptr, AcDbHandle(), nullptr, nullptr});
+    if (recording())
+        push(Record::kErase, id).erasing = erasing;
 }
 
 void AcDbUndoManager::recordHeader(const AcDbHeaderVars& before, AcDbHandle seed)
@@ -102,17 +131,19 @@ void AcDbUndoManager::recordHeader(const AcDbHeaderVars& before, AcDbHandle seed
     if (!recording() || m_headerRecorded)
         return;
     m_headerRecorded = true;
-    current().records.push_back(Record{Record::kHeader, AcDbObjectId(), {}, false,
-                                       std::make_unique<AcDbHeaderVars>(before), seed, nullptr, nullptr});
+    Record& r = push(Record::kHeader, AcDbObjectId());
+    r.header = std::make_unique<AcDbHeaderVars>(before);
+    r.seed = seed;
 }
 
 AcDbBinaryFiler* AcDbUndoManager::recordPartial(const AcDbObject* obj, AcRxClass* classObj)
 {
     if (!recording() || !obj)
         return nullptr;
-    current().records.push_back(Record{Record::kPartial, obj->objectId(), {}, false, nullptr, AcDbHandle(),
-                                       classObj, std::make_unique<AcDbBinaryFiler>(AcDb::kUndoFiler, m_db)});
-    return current().records.back().partial.get();
+    Record& r = push(Record::kPartial, obj->objectId());
+    r.cls = classObj;
+    r.partial = std::make_unique<AcDbBinaryFiler>(AcDb::kUndoFiler, m_db);
+    return r.partial.get();
 }
 
 Acad::ErrorStatus AcDbUndoManager::undo(int groups)
@@ -143,6 +174,10 @@ Acad::ErrorStatus AcDbUndoManager::undo(int groups)
                     AcDbUndoAccess::partial(obj, *r.partial, r.cls);
                 }
                 break;
+            case Record::kOwnerAdd:
+                if (AcDbObject* owner = r.owner.isValid() ? r.owner.stub()->object : nullptr)
+                    AcDbUndoAccess::takeOut(owner, r.id);
+                break;
             case Record::kErase:
                 if (obj)
                     AcDbUndoAccess::toggleErase(obj, !r.erasing);
@@ -160,7 +195,12 @@ Acad::ErrorStatus AcDbUndoManager::undo(int groups)
                 break;
             }
         }
-        m_db->setHandseed(group->seedAtStart);
+        // Every object made since the group began is gone again unless it was made while
+        // not recording; only then can a live handle lie above the old seed.
+        if (group->unrecordedAtStart == m_unrecordedAdds)
+            m_db->impl().seed = group->seedAtStart.value();
+        else
+            m_db->setHandseed(group->seedAtStart);
     }
     m_undoing = false;
     ++m_serial;
@@ -192,6 +232,26 @@ void AcDbUndoAccess::partial(AcDbObject* obj, AcDbBinaryFiler& filer, AcRxClass*
     obj->m_undoing = false;
     obj->m_modified = false;
     obj->m_opens.pop_back();
+}
+
+void AcDbUndoAccess::takeOut(AcDbObject* owner, AcDbObjectId id)
+{
+    owner->m_opens.push_back(AcDb::kForWrite);
+    owner->m_undoing = true;
+    if (auto* block = AcDbBlockTableRecord::cast(owner))
+        block->removeEntityId(id);
+    else if (auto* dict = AcDbDictionary::cast(owner)) {
+        auto& entries = dict->m_entries;
+        for (auto it = entries.rbegin(); it != entries.rend(); ++it)
+            if (it->id == id) {
+                entries.erase(std::next(it).base());
+                break;
+            }
+    }
+    AcDbObjectAccess::sendModified(owner);
+    owner->m_undoing = false;
+    owner->m_modified = false;
+    owner->m_opens.pop_back();
 }
 
 void AcDbUndoAccess::toggleErase(AcDbObject* obj, bool erased)

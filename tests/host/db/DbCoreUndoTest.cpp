@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "DbCoreTestEntity.h"
+#include "host/db/AcDbDictionary.h"
 #include "host/db/AcDbHostApplicationServices.h"
+#include "host/db/AcDbIdMapping.h"
 
 namespace {
 
@@ -164,6 +166,113 @@ TEST(DbCoreUndo, DisabledRecordingAndSeparateGroups)
     e = open(id, AcDb::kForRead);
     EXPECT_EQ(e->value(), 1);
     e->close();
+}
+
+// Appends record only the new id; these mixes check that the owner's list still comes back
+// exactly, group by group, whatever else happened to the owner in the same group.
+TEST(DbCoreUndo, ManyGroupsUndoneOneByOneRestoreEachState)
+{
+    using Step = void (*)(AcDbDatabase&, int);
+    const Step steps[] = {
+        [](AcDbDatabase& db, int i) { dbcoreAppend(&db, i); },
+        [](AcDbDatabase& db, int i) {
+            for (int k = 0; k < 50; ++k)
+                dbcoreAppend(&db, i * 100 + k);
+        },
+        [](AcDbDatabase& db, int i) {  // append, then change the owner itself
+            dbcoreAppend(&db, i);
+            AcDbBlockTableRecord* ms = nullptr;
+            acdbOpenObject(ms, db.modelSpaceId(), AcDb::kForWrite);
+            ms->setOrigin(AcGePoint3d(i, 0, 0));
+            ms->close();
+            dbcoreAppend(&db, i + 1);
+        },
+        [](AcDbDatabase& db, int i) {  // append and erase in one group
+            DbCoreTestEntity* e = open(dbcoreAppend(&db, i), AcDb::kForWrite);
+            e->erase();
+            e->close();
+        },
+        [](AcDbDatabase& db, int i) {  // a new dictionary key, then renamed and replaced
+            AcDbDictionary* nod = nullptr;
+            db.getNamedObjectsDictionary(nod, AcDb::kForWrite);
+            const std::wstring key = L"K" + std::to_wstring(i);
+            AcDbObjectId id;
+            auto* first = new AcDbDictionary();
+            nod->setAt(key.c_str(), first, id);
+            first->close();
+            if (i % 2) {
+                nod->setName(key.c_str(), (key + L"R").c_str());
+                auto* second = new AcDbDictionary();
+                nod->setAt((key + L"R").c_str(), second, id);
+                second->close();
+            }
+            nod->close();
+        },
+        [](AcDbDatabase& db, int) {  // deep clone of the first entities into model space
+            AcDbBlockTableRecord* ms = nullptr;
+            acdbOpenObject(ms, db.modelSpaceId(), AcDb::kForRead);
+            AcDbObjectIdArray ids;
+            for (int k = 0; k < 3 && k < ms->entityIds().length(); ++k)
+                ids.append(ms->entityIds()[k]);
+            ms->close();
+            AcDbIdMapping map;
+            db.deepCloneObjects(ids, db.modelSpaceId(), map);
+        },
+    };
+    AcDbDatabase db;
+    dbcoreAppend(&db, 1);
+    db.clearUndo();
+    std::vector<State> states{capture(db)};
+    for (int round = 0; round < 3; ++round)
+        for (const Step step : steps) {
+            db.startUndoGroup();
+            step(db, static_cast<int>(states.size()));
+            db.endUndoGroup();
+            states.push_back(capture(db));
+        }
+    ASSERT_EQ(db.undoGroupCount(), static_cast<int>(states.size()) - 1);
+    for (size_t n = states.size() - 1; n > 0; --n) {
+        SCOPED_TRACE(n);
+        ASSERT_EQ(db.undo(1), Acad::eOk);
+        ASSERT_TRUE(capture(db) == states[n - 1]);
+    }
+}
+
+TEST(DbCoreUndo, ThousandsOfAppendsInOneGroupComeOutInOrder)
+{
+    AcDbDatabase db;
+    const AcDbObjectId kept = dbcoreAppend(&db, 1);
+    db.clearUndo();
+    const State before = capture(db);
+    db.startUndoGroup();
+    for (int i = 0; i < 3000; ++i)
+        dbcoreAppend(&db, i);
+    db.endUndoGroup();
+    ASSERT_EQ(db.undo(1), Acad::eOk);
+    EXPECT_TRUE(capture(db) == before);
+    AcDbBlockTableRecord* ms = nullptr;
+    acdbOpenObject(ms, db.modelSpaceId(), AcDb::kForRead);
+    ASSERT_EQ(ms->entityIds().length(), 1);
+    EXPECT_EQ(ms->entityIds()[0], kept);
+    ms->close();
+}
+
+TEST(DbCoreUndo, SeedStaysAboveAnObjectMadeWhileNotRecording)
+{
+    AcDbDatabase db;
+    db.clearUndo();
+    const AcDbHandle seed = db.handseed();
+    db.startUndoGroup();
+    dbcoreAppend(&db, 1);
+    db.disableUndoRecording(true);
+    const AcDbObjectId kept = dbcoreAppend(&db, 2);
+    db.disableUndoRecording(false);
+    db.endUndoGroup();
+    ASSERT_EQ(db.undo(1), Acad::eOk);
+    ASSERT_TRUE(kept.isValid());
+    EXPECT_GT(db.handseed(), kept.handle());
+    EXPECT_GE(db.handseed(), seed);
+    EXPECT_NE(dbcoreAppend(&db, 3).handle(), kept.handle());
 }
 
 }  // namespace
