@@ -246,4 +246,132 @@ private:
     int PointSlot(const wchar_t* pszWho, int iExt, int iSlot) const;
     // Extends m_dimTexts and m_extFlags to the extension count.
     void FitRecords();
+
+    // Text placement: position codes to points, text boxes, the automatic search, appended texts.
+public:
+    // Where a text of segment iExt with code iPos stands before alignment;
+    // a negative iPos reads the record's code.
+    AcGePoint3d GetTextAnchor(int iExt, int iPos = -100) const;
+    // The start points of the text parts (main, raised digit, rest) of segment
+    // iExt, of the label (-100), the sum (count) or pAppend. A negative iPos
+    // takes the stored text point. 1 when there is a raised digit; 0 also
+    // when there is nothing to show.
+    int GetPointText(int iExt, AcGePoint3dArray& points, CStringArray& texts,
+                     CAppendTextObject* pAppend = nullptr, int iPos = -1) const;
+    // The box of a text, widened by dMargin on every side: corners in the
+    // order start, along, far, up. Width and height are the text's own.
+    int GetTextCorners(int iExt, double dMargin, AcGePoint3dArray& corners, double& dWidth,
+                       double& dHeight, CAppendTextObject* pAppend = nullptr, int iPos = -1) const;
+    // Crossing edges or middle lines; a box wholly inside the other does not count.
+    static bool BoxesOverlap(const AcGePoint3dArray& boxA, const AcGePoint3dArray& boxB);
+    // The position code an automatic text of segment iExt takes (8: it fits).
+    int FindAutoTextPos(int iExt) const;
+    // Places the text of segment iExt by its code; 0 for a negative index.
+    int CenterPointText(int iExt);
+    // iMode 0 (by AutoPosition), 'A' all automatic, 'C' all centred,
+    // 'G' re-place texts still at their anchor, 'R' re-place all.
+    BOOL AdjustTexts(int iMode);
+    BOOL AdjustAllTexts() { return AdjustTexts('G'); }
+    BOOL CenterAllText() { return AdjustTexts('C'); }
+    BOOL ResetAllTexts() { return AdjustTexts(m_dimType == kArc ? 'C' : 'A'); }
+    // Stores the text point of segment iExt, on the chain's plane; an appended
+    // text follows unless it is free and bKeepAppended is 0. 0 for a bad index.
+    int SetPointText(int iExt, const AcGePoint3d& point, int bKeepAppended = 1);
+    // Moves the text point: 'E'/'W' along the text, 'N'/'S' across it.
+    BOOL MoveText(int iExt, wchar_t cDirection, double dDistance);
+    // The appended text of segment iExt (segments 0 and 1 share one); later
+    // duplicates are deleted. List index or -1.
+    int GetAppendingText(int iExt, CAppendTextObject*& pText);
+    int GetAppendingTextAt(const AcGePoint3d& ptRef, CAppendTextObject*& pText);
+    // Copies pText into the entry (made when missing), or deletes the entry
+    // for null. The list index, or the count when nothing was found to delete.
+    int SetAppendingText(int iExt, const CAppendTextObject* pText);
+    int SetAppendingTextAt(const AcGePoint3d& ptRef, const CAppendTextObject* pText, int iExt);
+    // Re-keys the entry found by its reference point; iExt above 0 too.
+    BOOL SetAppendingTextPoint(const AcGePoint3d& ptRef, const AcGePoint3d& ptNewRef, int iExt);
+    // An appended text below the text of its segment. 0 for a bad call.
+    int SetAppendingTextPos(int iExt, CAppendTextObject* pText) const;
+
+    // Geometry: keeping the points in step (SVbasicGeometry.cpp, SVbasicOrder.cpp, SVbasicRefresh.cpp).
+public:
+    // Re-measures extension iExt through the point: 0 plain, 1 keeps the start
+    // of the extension line, 100 as 1 with the text following and no re-order.
+    // Returns the extension's index after re-ordering, -1 when refused.
+    int SetPointInput(int iExt, AcGePoint3d& point, int iMode = 0);
+    // The start of extension line iExt, forced on the line and kept at least
+    // ExtendBeyondDimLine from the dimension line and OffsetFromOrigin from the
+    // measured point beyond it. FALSE when the lines don't meet.
+    BOOL SetPoint(int iExt, AcGePoint3d& point, int bFix = 0);
+    // Fixed-length extension lines (ExtLine 1); a negative index treats all.
+    void SetExtFixed(int iExt);
+    // Moves the dimension line through the point; iMode 0 re-places texts.
+    BOOL SetPointDim(int iExt, const AcGePoint3d& point, int iMode = 0);
+    // Removes an extension; the count left, 0 when refused.
+    int RemoveDimExt(int iExt);
+    // Removes segments of zero length or on a shared input point; their number.
+    int RemoveEmptySegments();
+    // +1 or -1: the side of the dimension line the input point of iExt (or
+    // the given point) lies on, seen at dAngle.
+    int GetPlaneSide(int iExt, double dAngle, const AcGePoint3d* pPoint = nullptr) const;
+    // The sign of the text direction; dAngle the text angle, iSide GetPlaneSide.
+    int GetSideSigns(int iExt, double& dAngle, int& iSide);
+    // Three strengths of re-measuring the whole chain.
+    BOOL Refresh();
+    BOOL DimRefresh(int iType = 0);
+    BOOL Regenerate(int iType = 0);
+    // Places this chain parallel to the source chain, DimLinesDistance away.
+    BOOL GetOffsetDimPoint(const SVdim* pSource);
+
+private:
+    // The linear set's value of the option store, else the chain's own.
+    double GlobalDouble(int iIndex) const;
+    // A general integer of the option store; 0 without one.
+    static int GlobalOptInt(int iIndex);
+    int ParamInt(int iIndex) const;  // 0 past the end
+    bool IsExtFixed() const;         // ExtLine is 1
+    // The start of a fixed-length extension line at dLength from ptDim, on
+    // side iSide of a dimension line at dAngle (chain coordinates).
+    AcGePoint3d FixedExtStart(const AcGePoint3d& ptDim, double dAngle, int iSign, int iSide, double dLength) const;
+    // Unit vector across the dimension line towards the input point of iExt.
+    AcGeVector3d TowardsInput(int iExt, double dAngle) const;
+    // Adds segments iFirst.. iFirst+nCount-1 whose texts are to be re-centred.
+    void CollectTexts(int iFirst, int nCount, int iMode, CUIntArray& segments) const;
+
+    // Value text: the records "text#pos[@user[@prefix[@postfix]]]" and what is shown (SVbasicText.cpp).
+public:
+    // DistanceToText with the chain's own parameter arrays.
+    CString DistanceToText(int iType, double dValue) const;
+    // The fields of the record of iExt; their number, 0 for a bad index.
+    int GetDimTextArray(int iExt, CStringArray& fields) const;
+    // The position code of segment iExt (with bAbs its absolute value); for
+    // the sum (iExt = count) where the sum stands: 6, 4 or 5.
+    int GetDimTextPos(int iExt, int bAbs = 0) const;
+    // The value shown on segment iExt: the user's (a number in the chain's
+    // format), else the measured; the sum for iExt = count; "000" for a
+    // negative index, "???" for a missing record (which is then made).
+    CString GetDimValueText(int iExt) const;
+    // The texts to draw: out[0] the whole text; with a raised digit out[0]
+    // the main part, out[1] the digit, out[2] the alternative units. -100 is
+    // the chain label. 1 when there is a raised digit.
+    int GetDisplayTexts(int iExt, CStringArray& texts, const CAppendTextObject* pAppend = nullptr) const;
+    // Field 0 of the record: measured text (empty stores "0") and position.
+    int SetDimTextDim(int iExt, const wchar_t* pszText);
+    int SetDimTextPos(int iExt, int iPos);
+    // Fields 1 to 3; null or empty clears. Clearing the user value re-measures.
+    int SetDimTextUser(int iExt, const wchar_t* pszText);
+    int SetDimTextPrefix(int iExt, const wchar_t* pszText);
+    int SetDimTextPostfix(int iExt, const wchar_t* pszText);
+    // Measures segment iExt again into its record.
+    int RefreshDimText(int iExt);
+    // The user's number differs from the measure by more than UserTextTolerance.
+    bool IsUserTextOff(int iExt) const;
+    // DimDescription: the place digit (1 first end, 2 last, 3 both; 0 none) and the text.
+    int GetChainLabelCode() const;
+    CString GetChainLabelText() const;
+    // A type-3 chain on a whole circle: one mark, shown with "U=".
+    bool IsArcCircleChain() const;
+
+private:
+    // Writes field iField of the record of iExt; null or empty clears it.
+    int SetDimTextField(int iExt, int iField, const wchar_t* pszText);
 };
