@@ -4,6 +4,8 @@
 #include "host/db/AcDb2dPolyline.h"
 #include "host/db/AcDbBlockTable.h"
 #include "host/db/AcDbDictionary.h"
+#include "host/db/AcDbDimension.h"
+#include "host/db/AcDbExplodeDraw.h"
 #include "host/db/AcDbEntity.h"
 #include "host/db/AcDbOpen.h"
 #include "host/db/AcDbStub.h"
@@ -14,12 +16,14 @@
 #include "host/dxf/DxfError.h"
 #include "host/dxf/DxfFiler.h"
 #include "host/dxf/DxfObjectIo.h"
+#include "host/dxf/DxfProxyGraphics.h"
 #include "host/dxf/DxfTagValue.h"
 #include "host/dxf/DxfRawObject.h"
 #include "host/dxf/DxfWideText.h"
 
 #include <cwctype>
 #include <map>
+#include <memory>
 #include <unordered_map>
 #include <ostream>
 
@@ -75,7 +79,7 @@ struct ClassEntry {
 class Writer {
 public:
     Writer(AcDbDatabase& db, DxfTagWriter& out, const DxfFileWriteOptions& options)
-        : m_db(db), m_out(out), m_filer(out, &db), m_name(options.name)
+        : m_db(db), m_out(out), m_filer(out, &db), m_name(options.name), m_graphics(db)
     {
     }
 
@@ -83,6 +87,7 @@ public:
     {
         assignBlockHandles();
         survey();
+        prepareDimensionBlocks();
         writeHeader();
         writeClasses();
         writeTables();
@@ -111,9 +116,11 @@ private:
         std::string typeUtf8;
         bool table = false;      // a symbol table or one of its records
         bool custom = false;     // carries a custom record after its groups
+        bool dimension = false;  // may need a geometry block
+        int instances = 0;       // objects of exactly this class, counted by survey
     };
 
-    const ClassFacts& factsOf(const AcRxClass* cls)
+    ClassFacts& factsOf(const AcRxClass* cls)
     {
         auto it = m_facts.find(cls);
         if (it == m_facts.end()) {
@@ -125,6 +132,7 @@ private:
             // Tables have no type of their own; the holders of kept records write them as read.
             facts.custom = !facts.table && !dxfIsNativeType(facts.type) &&
                            !cls->isDerivedFrom(DxfRawEntity::desc()) && !cls->isDerivedFrom(DxfRawObject::desc());
+            facts.dimension = cls->isDerivedFrom(AcDbDimension::desc());
             it = m_facts.emplace(cls, std::move(facts)).first;
         }
         return it->second;
@@ -170,7 +178,9 @@ private:
     void survey()
     {
         m_ids = m_db.objectIds();
-        std::map<const AcRxClass*, int> counts;
+        // Runs of one class are common; the class's facts are looked up once per run.
+        const AcRxClass* lastClass = nullptr;
+        ClassFacts* facts = nullptr;
         for (const AcDbObjectId& id : m_ids) {
             if (!id.stub() || !id.stub()->object || id.isErased())
                 continue;
@@ -184,18 +194,24 @@ private:
                 count(info);
                 continue;
             }
-            ++counts[object->isA()];
+            const AcRxClass* cls = object->isA();
+            if (cls != lastClass) {
+                facts = &factsOf(cls);
+                lastClass = cls;
+            }
+            ++facts->instances;
+            if (facts->dimension)
+                m_dimensionIds.push_back(id);
         }
-        for (const auto& [cls, n] : counts) {
-            const ClassFacts& facts = factsOf(cls);
+        for (const auto& [cls, facts] : m_facts) {
             DxfClassInfo info;
-            if (facts.table)
+            if (facts.table || facts.instances == 0)
                 continue;
             if (facts.custom)
                 info = dxfCustomClassEntry(cls);
             else if (!dxfNativeClassEntry(facts.type, info))
                 continue;
-            count(info, n);
+            count(info, facts.instances);
         }
     }
 
@@ -248,14 +264,23 @@ private:
     }
 
     // The object's own groups and its extended data, after its common part.
-    void writeBody(const AcDbObject* object)
+    void writeBody(AcDbObject* object)
     {
         m_filer.resetFilerStatus();
         if (const DxfRawRecord* raw = dxfRawRecordOf(object)) {
             for (const DxfRawTag& tag : raw->tags)
                 m_out.writeString(tag.code, tag.value);
         } else {
+            std::vector<std::uint8_t> graphics;
+            if (isCustom(object))
+                if (AcDbEntity* entity = AcDbEntity::cast(object))
+                    graphics = m_graphics.graphicsOf(entity);
+            m_filer.setEntityGraphics(&graphics);
+            if (!m_dimensionBlockName.empty())
+                if (const auto it = m_dimensionBlockName.find(object); it != m_dimensionBlockName.end())
+                    m_filer.setGroupInSubclass("AcDbDimension", 3, 2, it->second);  // before the style
             object->dxfOutFields(&m_filer);
+            m_filer.finishInsertions();
             if (m_filer.filerStatus() != Acad::eOk)
                 fail(object, m_filer.error().empty() ? dxfUtf8(acadErrorStatusText(m_filer.filerStatus()))
                                                      : m_filer.error());
@@ -306,16 +331,27 @@ private:
     void writeTable(AcDbObjectId tableId, std::string_view name)
     {
         ReadAccess access(tableId);
-        const AcDbSymbolTable* table = AcDbSymbolTable::cast(access.get());
+        AcDbSymbolTable* table = AcDbSymbolTable::cast(access.get());
         if (!table)
             return;
+        const bool blocks = name == "BLOCK_RECORD";
         dxfWriteCommonPart(m_out, "TABLE", table, 5, name);
-        writeBody(table);
+        if (blocks && !m_dimensionBlocks.empty()) {
+            // The count includes the geometry blocks made for this file.
+            m_out.writeString(100, "AcDbSymbolTable");
+            m_out.writeInt(70, table->numRecords() + static_cast<int>(m_dimensionBlocks.size()));
+            dxfWriteXData(m_filer, table);
+        } else {
+            writeBody(table);
+        }
         const int handleCode = name == "DIMSTYLE" ? 105 : 5;
         for (const AcDbObjectId& id : table->recordIds()) {
             if (!id.isErased())
                 writeObject(id, handleCode);
         }
+        if (blocks)
+            for (const DimensionBlock& block : m_dimensionBlocks)
+                writeDimensionBlockRecord(block, table->objectId().handle().value());
         m_out.writeString(0, "ENDTAB");
     }
 
@@ -344,9 +380,14 @@ private:
 
     void writeBlockEntity(const AcDbBlockTableRecord* block, bool begin)
     {
+        writeBlockEntity(block, block->objectId().handle().value(), begin);
+    }
+
+    void writeBlockEntity(const AcDbBlockTableRecord* block, std::uint64_t blockHandle, bool begin)
+    {
         m_out.writeString(0, begin ? "BLOCK" : "ENDBLK");
         m_out.writeHandle(5, (begin ? block->blockBeginHandle() : block->blockEndHandle()).value());
-        m_out.writeHandle(330, block->objectId().handle().value());
+        m_out.writeHandle(330, blockHandle);
         m_out.writeString(100, "AcDbEntity");
         m_out.writeString(8, dxfUtf8(block->blockBeginLayer()));
         if (!begin) {
@@ -383,6 +424,8 @@ private:
                 writeBlockEntity(block, false);
             }
         }
+        for (const DimensionBlock& block : m_dimensionBlocks)
+            writeDimensionBlock(block);
         m_out.endSection();
     }
 
@@ -411,10 +454,125 @@ private:
         m_out.endSection();
     }
 
+    // Dimension geometry blocks ------------------------------------------------------------
+    // Other readers drop a dimension whose group 2 names no block. A dimension without a block
+    // of its own in the database gets one in the file: "*D<n>" (its kept name when it has
+    // one), numbered after the drawing's own *D blocks in handle order, holding its exploded
+    // picture. Read back, it is an ordinary block the dimension refers to.
+    struct DimensionBlock {
+        std::unique_ptr<AcDbBlockTableRecord> record;
+        std::uint64_t handle = 0;
+        std::vector<std::pair<std::uint64_t, std::unique_ptr<AcDbEntity>>> entities;
+    };
+
+    static long dimensionBlockNumber(std::wstring_view name)
+    {
+        if (name.size() < 3 || name[0] != L'*' || (name[1] != L'D' && name[1] != L'd') || name.size() > 12)
+            return -1;
+        long n = 0;
+        for (const wchar_t c : name.substr(2)) {
+            if (c < L'0' || c > L'9')
+                return -1;
+            n = n * 10 + (c - L'0');
+        }
+        return n;
+    }
+
+    void prepareDimensionBlocks()
+    {
+        ReadAccess tableAccess(m_db.blockTableId());
+        const AcDbBlockTable* table = AcDbBlockTable::cast(tableAccess.get());
+        if (!table)
+            return;
+        long last = 0;
+        for (const AcDbObjectId& id : table->recordIds()) {
+            ReadAccess access(id);
+            if (const auto* record = AcDbBlockTableRecord::cast(access.get()))
+                last = std::max(last, dimensionBlockNumber(record->name()));
+        }
+        std::vector<std::pair<AcDbObjectId, std::wstring>> wanted;
+        for (const AcDbObjectId& id : m_dimensionIds) {
+            ReadAccess access(id);
+            const AcDbDimension* dimension = AcDbDimension::cast(access.get());
+            if (!dimension)
+                continue;
+            // A block id, even a stale one, is what the dimension writes; only those without
+            // one get a block here.
+            if (!dimension->dimBlockId().isNull())
+                continue;
+            std::wstring name = dimension->dimBlockName();
+            AcDbObjectId existing;
+            if (!name.empty() && table->getAt(name.c_str(), existing) == Acad::eOk && !existing.isErased())
+                continue;
+            last = std::max(last, dimensionBlockNumber(name));
+            wanted.emplace_back(id, std::move(name));
+        }
+        for (auto& [id, name] : wanted) {
+            ReadAccess access(id);
+            const AcDbDimension* dimension = AcDbDimension::cast(access.get());
+            if (name.empty()) {
+                name = L"*D" + std::to_wstring(++last);
+                m_dimensionBlockName[dimension] = dxfUtf8(name);
+            }
+            makeDimensionBlock(dimension, name);
+        }
+    }
+
+    void makeDimensionBlock(const AcDbDimension* dimension, const std::wstring& name)
+    {
+        DimensionBlock block;
+        block.record = std::make_unique<AcDbBlockTableRecord>();
+        block.record->setName(name.c_str());
+        block.record->setBlockFlags(1);  // anonymous
+        block.record->setBlockBeginLayer(L"0");
+        block.handle = m_db.allocateHandle().value();
+        block.record->setBlockBeginHandle(m_db.allocateHandle());
+        block.record->setBlockEndHandle(m_db.allocateHandle());
+        AcDbVoidPtrArray set;
+        acdbExplodeByDraw(dimension, set);
+        for (void* item : set) {
+            std::unique_ptr<AcDbObject> made(static_cast<AcDbObject*>(item));
+            if (AcDbEntity::cast(made.get()))
+                block.entities.emplace_back(m_db.allocateHandle().value(),
+                                            std::unique_ptr<AcDbEntity>(AcDbEntity::cast(made.release())));
+        }
+        m_dimensionBlocks.push_back(std::move(block));
+    }
+
+    void writeDimensionBlockRecord(const DimensionBlock& block, std::uint64_t tableHandle)
+    {
+        m_out.writeString(0, "BLOCK_RECORD");
+        m_out.writeHandle(5, block.handle);
+        m_out.writeHandle(330, tableHandle);
+        m_filer.resetFilerStatus();
+        block.record->dxfOutFields(&m_filer);
+        if (m_filer.filerStatus() != Acad::eOk)
+            throw DxfError(m_name, 0, "the block record of a dimension could not be written: " + m_filer.error());
+    }
+
+    void writeDimensionBlock(const DimensionBlock& block)
+    {
+        writeBlockEntity(block.record.get(), block.handle, true);
+        for (const auto& [handle, entity] : block.entities) {
+            m_out.writeString(0, factsOf(entity->isA()).typeUtf8);
+            m_out.writeHandle(5, handle);
+            m_out.writeHandle(330, block.handle);
+            m_filer.resetFilerStatus();
+            entity->dxfOutFields(&m_filer);
+            if (m_filer.filerStatus() != Acad::eOk)
+                throw DxfError(m_name, 0, "the geometry of a dimension could not be written: " + m_filer.error());
+        }
+        writeBlockEntity(block.record.get(), block.handle, false);
+    }
+
     AcDbDatabase& m_db;
     DxfTagWriter& m_out;
     DxfFiler m_filer;
     std::string m_name;
+    DxfProxyGraphicsWriter m_graphics;
+    std::vector<DimensionBlock> m_dimensionBlocks;
+    std::vector<AcDbObjectId> m_dimensionIds;
+    std::unordered_map<const AcDbObject*, std::string> m_dimensionBlockName;
     std::map<std::wstring, ClassEntry> m_classes;
     std::unordered_map<const AcRxClass*, ClassFacts> m_facts;
     AcDbObjectIdArray m_ids;

@@ -176,11 +176,64 @@ Acad::ErrorStatus DxfFiler::writeNumber(int code, std::int64_t value)
     });
 }
 
+void DxfFiler::setEntityGraphics(const std::vector<std::uint8_t>* graphics)
+{
+    m_graphics = graphics && !graphics->empty() ? graphics : nullptr;
+    m_inEntitySubclass = false;
+}
+
+void DxfFiler::setGroupInSubclass(std::string marker, int beforeCode, int code, std::string value)
+{
+    m_hasAfterGroup = true;
+    m_inAfterSubclass = false;
+    m_afterBefore = beforeCode;
+    m_afterMarker = std::move(marker);
+    m_afterCode = code;
+    m_afterValue = std::move(value);
+}
+
+void DxfFiler::finishInsertions()
+{
+    if (m_graphics && m_inEntitySubclass)
+        writeGraphics();
+    m_graphics = nullptr;
+    m_inEntitySubclass = false;
+    m_hasAfterGroup = false;
+}
+
+void DxfFiler::writeGraphics()
+{
+    m_out->writeInt(92, static_cast<std::int64_t>(m_graphics->size()));
+    m_out->writeBinary(310, m_graphics->data(), m_graphics->size());
+    m_graphics = nullptr;
+}
+
+// Called with the marker's text in m_scratch, before the marker is written.
+void DxfFiler::onSubclassMarker()
+{
+    if (m_inEntitySubclass) {
+        writeGraphics();
+        m_inEntitySubclass = false;
+    } else if (m_scratch == "AcDbEntity") {
+        m_inEntitySubclass = true;
+    }
+}
+
 Acad::ErrorStatus DxfFiler::writeString(AcDb::DxfCode code, const ACHAR* value)
 {
     m_scratch.clear();
     if (value)
         dxfAppendWideAsUtf8(value, m_scratch);
+    if (m_hasAfterGroup) {
+        if (code == AcDb::kDxfSubclass) {
+            m_inAfterSubclass = m_scratch == m_afterMarker;
+        } else if (m_inAfterSubclass && code == m_afterBefore) {
+            m_out->writeString(m_afterCode, m_afterValue);
+            m_hasAfterGroup = false;
+        }
+    }
+    if (code == AcDb::kDxfSubclass && m_graphics)
+        onSubclassMarker();
     return guarded(code, [&] { m_out->writeString(code, m_scratch); });
 }
 

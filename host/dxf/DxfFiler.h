@@ -35,6 +35,15 @@ public:
 
     const std::string& fileName() const { return m_file; }
 
+    // Writing: groups the file layer adds to an object's own filing. The proxy graphics go at
+    // the end of the AcDbEntity subclass (92 <size>, 310 chunks: before the next subclass
+    // marker, or at finishInsertions); the extra group in the named subclass, just before the
+    // subclass's first string group of code beforeCode. Each is written once; the graphics
+    // must live until finishInsertions.
+    void setEntityGraphics(const std::vector<std::uint8_t>* graphics);
+    void setGroupInSubclass(std::string marker, int beforeCode, int code, std::string value);
+    void finishInsertions();
+
     // The first problem met, with file and line when reading; empty when none.
     const std::string& error() const { return m_error; }
     // The same problem's line (0 when writing) and text without file and line.
@@ -94,4 +103,15 @@ private:
     std::wstring m_text;                  // the string value last read
     std::vector<std::uint8_t> m_bytes;    // the binary value last read
     std::string m_scratch;                // UTF-8 of the string being written
+
+    void writeGraphics();
+    void onSubclassMarker();
+    const std::vector<std::uint8_t>* m_graphics = nullptr;
+    bool m_inEntitySubclass = false;
+    bool m_hasAfterGroup = false;
+    bool m_inAfterSubclass = false;
+    std::string m_afterMarker;
+    int m_afterBefore = 0;
+    int m_afterCode = 0;
+    std::string m_afterValue;
 };

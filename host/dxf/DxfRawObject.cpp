@@ -3,6 +3,7 @@
 
 #include "host/db/AcDbDwgFiler.h"
 #include "host/db/AcDbDxfFiler.h"
+#include "host/dxf/DxfProxyGraphics.h"
 #include "host/dxf/DxfWideText.h"
 #include "host/rx/AcRxBoiler.h"
 
@@ -83,6 +84,8 @@ DxfRawEntity::DxfRawEntity(DxfRawRecord record) : m_record(std::move(record))
     const DxfClassInfo& info = m_record.classInfo;
     setOriginalClass(info.className.c_str(), m_record.dxfName.c_str(), info.appName.c_str(),
                      m_record.hasClass ? info.proxyFlags : kNoOperation);
+    // The picture its class left, so that the entity still draws; the groups stay as read.
+    setGraphicsMetafile(dxfProxyGraphicsOfTags(m_record.tags));
 }
 
 Acad::ErrorStatus DxfRawEntity::dwgInFields(AcDbDwgFiler* filer)

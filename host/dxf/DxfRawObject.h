@@ -46,7 +46,8 @@ struct DxfRawRecord {
 // proxy). It is a proxy (AcDbProxyEntity, DXF name ACAD_PROXY_ENTITY) whose original class is
 // the record's type and CLASSES entry, with the entry's proxy flags (none for kinds without
 // an entry: such data can't be transformed). It keeps its groups, a custom record included,
-// and writes them back unchanged under the original type. Copy and undo file them too.
+// and writes them back unchanged under the original type; the proxy graphics among them (92
+// and 310 in its AcDbEntity subclass) are what it draws. Copy and undo file them too.
 class DxfRawEntity : public AcDbProxyEntity {
 public:
     ACRX_DECLARE_MEMBERS(DxfRawEntity);

@@ -97,12 +97,21 @@ void DxfTagWriter::checkCode(int code, bool ok, const char* what) const
 
 void DxfTagWriter::put(int code, std::string_view value)
 {
-    char codeText[8];
-    std::size_t n = dxfFormatInt(code, 3, codeText);
-    m_out.append(codeText, n);
-    m_out.append(m_eol);
-    m_out.append(value);
-    m_out.append(m_eol);
+    // Most groups are short: the two lines go out in one append.
+    char line[128];
+    std::size_t n = dxfFormatInt(code, 3, line);
+    std::memcpy(line + n, m_eol.data(), m_eol.size());
+    n += m_eol.size();
+    if (n + value.size() + m_eol.size() <= sizeof line) {
+        std::memcpy(line + n, value.data(), value.size());
+        n += value.size();
+        std::memcpy(line + n, m_eol.data(), m_eol.size());
+        m_out.append(line, n + m_eol.size());
+    } else {
+        m_out.append(line, n);
+        m_out.append(value);
+        m_out.append(m_eol);
+    }
     m_line += 2;
     maybeFlush();
 }

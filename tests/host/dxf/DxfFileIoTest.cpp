@@ -1,6 +1,8 @@
 // readDwgFile and saveAs through the DXF hook: statuses, error text, backups, atomic saves.
 #include "DxfFileTestSupport.h"
 
+#include "host/db/AcDbBlockTable.h"
+#include "host/db/AcDbOpen.h"
 #include "host/dxf/DxfFileIo.h"
 
 #include <gtest/gtest.h>
@@ -24,6 +26,24 @@ std::string readAll(const fs::path& path)
 void writeAll(const fs::path& path, const std::string& text)
 {
     std::ofstream(path, std::ios::binary) << text;
+}
+
+// The records and entities of the dimensions' geometry blocks ("*D<n>").
+int geometryBlockObjects(AcDbDatabase& db)
+{
+    int count = 0;
+    AcDbBlockTable* blocks = nullptr;
+    EXPECT_EQ(db.getBlockTable(blocks, AcDb::kForRead), Acad::eOk);
+    for (const AcDbObjectId& id : blocks->recordIds()) {
+        AcDbBlockTableRecord* block = nullptr;
+        if (acdbOpenObject(block, id, AcDb::kForRead) != Acad::eOk)
+            continue;
+        if (block->name().rfind(L"*D", 0) == 0)
+            count += 1 + block->entityIds().length();
+        block->close();
+    }
+    blocks->close();
+    return count;
 }
 
 }  // namespace
@@ -70,7 +90,8 @@ TEST(DxfFileIo, SaveKeepsABackupAndReadsBack)
 
     AcDbDatabase loaded(false, true);
     ASSERT_EQ(loaded.readDwgFile(file.wstring().c_str()), Acad::eOk) << dxfLastError();
-    EXPECT_EQ(loaded.objectIds().length(), db->objectIds().length());
+    // Everything came back, plus the geometry blocks the file gave the dimensions.
+    EXPECT_EQ(loaded.objectIds().length(), db->objectIds().length() + geometryBlockObjects(loaded));
     EXPECT_EQ(fs::path(loaded.filename()), file);
 
     // Without a backup wish the old file is simply replaced.

@@ -8,6 +8,7 @@
 #include "host/db/AcDbText.h"
 #include "host/db/acutads.h"
 #include "host/dxf/DxfRawObject.h"
+#include "host/gi/GiRecordingDraw.h"
 #include "host/rx/AcRxClass.h"
 
 #include <gtest/gtest.h>
@@ -191,4 +192,45 @@ TEST(DxfFileRoundTrip, ExtendedDataReactorsAndExtensionDictionarySurvive)
     EXPECT_TRUE(line->extensionDictionary().isValid());
     EXPECT_EQ(line->layerName(), L"Wände");
     line->close();
+}
+
+TEST(DxfFileRoundTrip, ProxyGraphicsAreWrittenForCustomEntitiesAndKeptByProxies)
+{
+    AcDbObjectId customId;
+    auto db = dxfTestDrawing(&customId);
+    const std::string saved = dxfTestSave(*db);
+    // In the AcDbEntity subclass, before the entity's own record.
+    const std::size_t record = saved.find("\n  0\nSV_TEST_RECORD\n");
+    ASSERT_NE(record, std::string::npos);
+    const std::size_t size = saved.find("\n 92\n", record);
+    const std::size_t own = saved.find("\n100\nSvBinaryRecord\n", record);
+    ASSERT_NE(size, std::string::npos);
+    EXPECT_LT(saved.find("\n100\nAcDbEntity\n", record), size);
+    EXPECT_LT(size, own);
+    EXPECT_LT(own, saved.find("\n  0\n", record + 1));
+    // Native entities carry none.
+    EXPECT_EQ(saved.find("\n 92\n"), size);
+
+    // Without the class the entity is a proxy: it draws the line and the circle, and writes
+    // its groups back as they came.
+    std::string renamed = saved;
+    for (const std::string& name : {std::string("SV_TEST_RECORD"), std::string("DxfTestRecordEntity")})
+        for (std::size_t at; (at = renamed.find(name)) != std::string::npos;)
+            renamed.replace(at, 4, "Gone");  // SV_TEST_RECORD -> GoneEST_RECORD
+    auto loaded = dxfTestLoad(renamed);
+    const AcDbObjectId id = dxfTestIdOf(*loaded, customId.handle().value());
+    AcDbProxyEntity* proxy = nullptr;
+    ASSERT_EQ(acdbOpenObject(proxy, id, AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(proxy->graphicsMetafileType(), AcDbProxyEntity::kFullGraphics);
+    GiDisplayList list;
+    GiRecordingWorldDraw draw(list);
+    proxy->worldDraw(&draw);
+    proxy->close();
+    ASSERT_EQ(list.size(), 2u);
+    EXPECT_EQ(list.primitives[0].kind, GiPrimitiveKind::kPolyline);
+    EXPECT_EQ(list.primitives[1].kind, GiPrimitiveKind::kCircle);
+    // The whole record, graphics included, comes back as it was (CLASSES sort differently).
+    const std::size_t head = renamed.find("\n  0\nGoneEST_RECORD\n");
+    const std::string entity = renamed.substr(head, renamed.find("\n  0\n", head + 1) - head);
+    EXPECT_NE(dxfTestSave(*loaded).find(entity), std::string::npos) << entity;
 }

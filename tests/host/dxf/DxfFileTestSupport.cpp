@@ -22,6 +22,7 @@
 #include "host/db/acutads.h"
 #include "host/dxf/DxfFileReader.h"
 #include "host/dxf/DxfFileWriter.h"
+#include "host/gi/AcGiWorldDraw.h"
 #include "host/rx/AcRxBoiler.h"
 
 #include <gtest/gtest.h>
@@ -114,6 +115,17 @@ Acad::ErrorStatus DxfTestRecordEntity::dwgInFields(AcDbDwgFiler* filer)
     if (filer->filerStatus() == Acad::eOk)
         data = d;
     return filer->filerStatus();
+}
+
+Adesk::Boolean DxfTestRecordEntity::worldDraw(AcGiWorldDraw* draw)
+{
+    assertReadEnabled();
+    const AcGePoint3d start(data.p2.x, data.p2.y, 0.0);
+    const AcGePoint3d line[2] = {start, start + AcGeVector3d(10.0, 0.0, 0.0)};
+    draw->geometry().polyline(2, line);
+    if (draw->regenType() == kAcGiSaveWorldDrawForProxy)
+        draw->geometry().circle(start, 2.5, AcGeVector3d::kZAxis);
+    return Adesk::kTrue;
 }
 
 namespace {

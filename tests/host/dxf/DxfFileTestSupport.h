@@ -11,7 +11,8 @@
 #include <vector>
 
 // A custom entity whose record uses every filer primitive; its dxfOutFields is the bare base
-// form, as the module's entities are.
+// form, as the module's entities are. It draws a line from p2 to p2 + (10, 0) and, for the
+// proxy graphics of a save, a circle of radius 2.5 around p2 as well.
 class DxfTestRecordEntity : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(DxfTestRecordEntity);
@@ -44,6 +45,7 @@ public:
 
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
+    Adesk::Boolean worldDraw(AcGiWorldDraw* worldDraw) override;
 };
 
 // Every native kind the host has, on two layers with a style, extended data, a reactor, an

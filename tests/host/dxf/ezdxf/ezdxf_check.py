@@ -5,9 +5,12 @@
 #   sample OUT          -> a drawing with every kind the reader must take in, made by ezdxf
 #   compare A B         -> the key data of every entity, layer, style and block of A, found
 #                          in B under the same handle or name; "same N" or one line per difference
+#   proxy FILE          -> per model space entity with proxy graphics, "PROXY <type> <handle>"
+#                          and one line per primitive ezdxf's decoder makes of them
 import sys
 
 import ezdxf
+from ezdxf.proxygraphic import ProxyGraphic
 
 
 def fmt(value):
@@ -140,6 +143,17 @@ def cmd_compare(path_a, path_b):
         print("same", len(a))
 
 
+def cmd_proxy(path):
+    doc = ezdxf.readfile(path)
+    for e in doc.modelspace():
+        data = getattr(e, "proxy_graphic", None)
+        if not data:
+            continue
+        print("PROXY", e.dxftype(), e.dxf.handle)
+        for primitive in ProxyGraphic(data, doc).virtual_entities():
+            print(dump_entity(primitive, "proxy"))
+
+
 def cmd_resave(src, dst):
     doc = ezdxf.readfile(src)
     doc.saveas(dst)
@@ -173,9 +187,9 @@ def cmd_sample(path):
 
 def main(argv):
     commands = {"audit": cmd_audit, "dump": cmd_dump, "resave": cmd_resave, "sample": cmd_sample,
-                "compare": cmd_compare}
+                "compare": cmd_compare, "proxy": cmd_proxy}
     if len(argv) < 2 or argv[1] not in commands:
-        print("usage: ezdxf_check.py audit|dump|resave|sample|compare FILE...", file=sys.stderr)
+        print("usage: ezdxf_check.py audit|dump|resave|sample|compare|proxy FILE...", file=sys.stderr)
         return 2
     commands[argv[1]](*argv[2:])
     return 0
