@@ -4,6 +4,7 @@
 
 #include "host/mfc/CWaitCursor.h"
 #include "host/win/WinCrt.h"
+#include "options/IniCache.h"
 #include "options/ScaleText.h"
 #include "services/Folders.h"
 #include "services/Numbers.h"
@@ -305,17 +306,16 @@ CString CGlobDimOptions::ReadOptStringOrDefault(int iIndex)
     return strValue;
 }
 
-BOOL CGlobDimOptions::ReadEntry(const CString& /*strFile*/, const CString& /*strSection*/, const CString& /*strKey*/,
-                                CString& /*strValue*/)
+BOOL CGlobDimOptions::ReadEntry(const CString& strFile, const CString& strSection, const CString& strKey,
+                                CString& strValue)
 {
-    // The INI layer's cached read (ReadIni) answers here once it stands. Until
-    // then no file holds any key, and every parameter reads as its default.
-    return FALSE;
+    // An empty entry counts as missing, so the parameter takes its default.
+    strValue = ReadIni(strFile, strSection, strKey);
+    return !strValue.IsEmpty();
 }
 
-void CGlobDimOptions::WriteEntry(const CString& /*strFile*/, const CString& /*strSection*/, const CString& /*strKey*/,
-                                 const CString& /*strValue*/)
+void CGlobDimOptions::WriteEntry(const CString& strFile, const CString& strSection, const CString& strKey,
+                                 const CString& strValue)
 {
-    // The INI layer's cached write (WriteIni) takes the value here once it
-    // stands; until then values live in the store alone.
+    WriteIni(strFile, strSection, strKey, strValue);
 }

@@ -374,4 +374,21 @@ public:
 private:
     // Writes field iField of the record of iExt; null or empty clears it.
     int SetDimTextField(int iExt, int iField, const wchar_t* pszText);
+
+    // Drawing: one routine for display, proxy graphics and explode (SVbasicDraw.cpp).
+public:
+    // Draws pDim into pWd, or without a context appends new entities to pEnts.
+    // 0, or 3 for a null chain or without an option store.
+    static int drawDimension(const SVdim* pDim, AcGiWorldDraw* pWd, AcDbVoidPtrArray* pEnts);
+    // The value texts, the sum with its box, leaders, user-value marks,
+    // appended texts and the label; bDrawTexts false leaves out the strings.
+    static void DrawDimTexts(const SVdim* pDim, AcGiWorldDraw* pWd, AcDbVoidPtrArray* pEnts, bool bDrawTexts);
+    // The line marking a user value of segment iExt (-1000: segment 1, near edge). 0 for a bad index.
+    int GetPointsTextUser(int iExt, AcGePoint3d& pt1, AcGePoint3d& pt2) const;
+    // The leader of segment iExt from the dimension line to its text: the number of points.
+    int GetLeaderPoints(int iExt, AcGePoint3dArray& points) const;
+    // A leader is drawn when its bit is set and the text stands at its anchor or in the upper row.
+    bool IsLeaderShown(int iExt) const;
+    // Hide, shade and render have no facets of their own: 0.
+    int drawFacets() const { return 0; }
 };

@@ -13,39 +13,9 @@ Adesk::Boolean SVdim::isPlanar() const
     return AcDbEntity::isPlanar();
 }
 
-Adesk::Boolean SVdim::worldDraw(AcGiWorldDraw* pWd)
-{
-    return AcDbEntity::worldDraw(pWd);
-}
-
-void SVdim::viewportDraw(AcGiViewportDraw* pVd)
-{
-    AcDbEntity::viewportDraw(pVd);
-}
-
 Adesk::UInt32 SVdim::viewportDrawLogicalFlags(AcGiViewportDraw*)
 {
     return 0;
-}
-
-Acad::ErrorStatus SVdim::dwgInFields(AcDbDwgFiler* pFiler)
-{
-    return AcDbEntity::dwgInFields(pFiler);
-}
-
-Acad::ErrorStatus SVdim::dwgOutFields(AcDbDwgFiler* pFiler) const
-{
-    return AcDbEntity::dwgOutFields(pFiler);
-}
-
-Acad::ErrorStatus SVdim::dxfInFields(AcDbDxfFiler* pFiler)
-{
-    return AcDbEntity::dxfInFields(pFiler);
-}
-
-Acad::ErrorStatus SVdim::dxfOutFields(AcDbDxfFiler* pFiler) const
-{
-    return AcDbEntity::dxfOutFields(pFiler);
 }
 
 Acad::ErrorStatus SVdim::applyPartialUndo(AcDbDwgFiler* pUndoFiler, AcRxClass* pClass)
@@ -89,11 +59,6 @@ Acad::ErrorStatus SVdim::transformBy(const AcGeMatrix3d& xform)
 Acad::ErrorStatus SVdim::getTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& pEnt) const
 {
     return AcDbEntity::getTransformedCopy(xform, pEnt);
-}
-
-Acad::ErrorStatus SVdim::explode(AcDbVoidPtrArray& entitySet) const
-{
-    return AcDbEntity::explode(entitySet);
 }
 
 Acad::ErrorStatus SVdim::getGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
