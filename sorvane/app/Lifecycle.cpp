@@ -20,6 +20,7 @@
 #include "host/win/WinModule.h"
 #include "host/win/WinTimer.h"
 #include "options/GlobDimOptions.h"
+#include "options/IniCache.h"
 #include "resources/Resources.h"
 #include "services/Folders.h"
 #include "services/Guard.h"
@@ -63,7 +64,8 @@ void UnloadApp()
     if (acrxServiceDictionary->at(SORVANE_GROUP))
         delete acrxServiceDictionary->remove(SORVANE_GROUP);
     UnlockAll();
-    // The reactors are taken off here, and both INI caches flushed, once they exist.
+    // The reactors are taken off here once they exist.
+    SaveIni();
     if (bMessageFilterOn) {
         acedRemoveFilterWinMsg(filterProc);
         bMessageFilterOn = 0;

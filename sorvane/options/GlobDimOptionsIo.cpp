@@ -5,6 +5,7 @@
 #include "host/mfc/CWaitCursor.h"
 #include "host/win/WinCrt.h"
 #include "options/IniCache.h"
+#include "options/Maps.h"
 #include "options/ScaleText.h"
 #include "services/Folders.h"
 #include "services/Numbers.h"
@@ -83,8 +84,8 @@ BOOL CGlobDimOptions::LoadOptions()
         LoadGeneral();
         m_iRunningCommand = 0;
 
-        // Scale2Layer and TextHeight2Color of modes 2, 5 and 3 load here
-        // (LoadMap of the INI layer).
+        // Scale2Layer and TextHeight2Color of modes 2, 5 and 3.
+        LoadMaps();
 
         // With a panel open, its current mode and type take over here.
         m_iMode = kModeLinear;
