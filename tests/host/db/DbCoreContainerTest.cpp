@@ -2,6 +2,7 @@
 // block and table iterators, and the dimension style's variables through the binary filer.
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -112,7 +113,9 @@ TEST(DbCoreDictionary, EntryOperations)
         {"refusals change nothing",
          [](DictFixture& f) {
              AcDbObjectId id;
-             EXPECT_EQ(f.dict->setAt(L"", new AcDbDictionary(), id), Acad::eInvalidInput);
+             // A refused object stays the caller's.
+             const auto refused = std::make_unique<AcDbDictionary>();
+             EXPECT_EQ(f.dict->setAt(L"", refused.get(), id), Acad::eInvalidInput);
              EXPECT_EQ(f.dict->setAt(nullptr, nullptr, id), Acad::eInvalidInput);
              EXPECT_EQ(f.dict->getAt(L"none", id), Acad::eKeyNotFound);
              EXPECT_TRUE(id.isNull());
