@@ -230,12 +230,12 @@ Acad::ErrorStatus AcDbProxyEntity::dxfInFields(AcDbDxfFiler* filer)
     m_graphics.clear();
     m_ids.setLogicalLength(0);
     m_idCodes.clear();
-    enum class Part { kNone, kGraphics, kData } part = Part::kNone;
+    enum class Stream { kNone, kGraphics, kData } stream = Stream::kNone;
     return AcDbCurveGeom::readDxfGroups(filer, [&](const resbuf& rb, const std::wstring&) {
         int code = rb.restype;
         if (code == 310) {
-            std::vector<Adesk::UInt8>& target = part == Part::kGraphics ? m_graphics : m_data;
-            if (part != Part::kNone && rb.resval.rbinary.buf && rb.resval.rbinary.clen > 0)
+            std::vector<Adesk::UInt8>& target = stream == Stream::kGraphics ? m_graphics : m_data;
+            if (stream != Stream::kNone && rb.resval.rbinary.buf && rb.resval.rbinary.clen > 0)
                 target.insert(target.end(), rb.resval.rbinary.buf, rb.resval.rbinary.buf + rb.resval.rbinary.clen);
             return Acad::eOk;
         }
@@ -248,8 +248,8 @@ Acad::ErrorStatus AcDbProxyEntity::dxfInFields(AcDbDxfFiler* filer)
         }
         switch (code) {
         case 91: m_classId = rb.resval.rlong; break;
-        case 92: part = Part::kGraphics; break;
-        case 93: part = Part::kData; m_dataBits = static_cast<Adesk::UInt32>(rb.resval.rlong); break;
+        case 92: stream = Stream::kGraphics; break;
+        case 93: stream = Stream::kData; m_dataBits = static_cast<Adesk::UInt32>(rb.resval.rlong); break;
         case 95: m_drawingFormat = static_cast<Adesk::UInt32>(rb.resval.rlong); break;
         case 70: m_dataFormat = rb.resval.rint; break;
         default: break;

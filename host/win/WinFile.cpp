@@ -285,10 +285,10 @@ HANDLE FindFirstFileW(LPCWSTR lpFileName, LPWIN32_FIND_DATAW lpFindFileData)
         SetLastError(errno == ENOENT || errno == ENOTDIR ? ERROR_PATH_NOT_FOUND : svwin::ErrorFromErrno(errno));
         return INVALID_HANDLE_VALUE;
     }
-    const std::wstring spec(pattern);
+    const std::wstring patterns(pattern);
     while (const dirent* e = ::readdir(dir)) {
         const std::string name = e->d_name;
-        if (PathMatchSpecW(svwin::WidePath(name).c_str(), spec.c_str())) state->names.push_back(name);
+        if (PathMatchSpecW(svwin::WidePath(name).c_str(), patterns.c_str())) state->names.push_back(name);
     }
     ::closedir(dir);
     std::sort(state->names.begin(), state->names.end(), [](const std::string& a, const std::string& b) {

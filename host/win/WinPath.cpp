@@ -157,15 +157,15 @@ LPWSTR PathFindExtensionW(LPCWSTR pszPath)
     return const_cast<LPWSTR>(dot ? dot : p);
 }
 
-BOOL PathMatchSpecW(LPCWSTR pszFile, LPCWSTR pszSpec)
+BOOL PathMatchSpecW(LPCWSTR pszFile, LPCWSTR pszPatterns)
 {
-    if (!pszFile || !pszSpec) return FALSE;
+    if (!pszFile || !pszPatterns) return FALSE;
     const std::wstring_view name = PathFindFileNameW(pszFile);
-    std::wstring_view spec = pszSpec;
-    while (!spec.empty()) {
-        std::size_t semi = spec.find(L';');
-        const std::wstring_view one = svwin::TrimBlanks(spec.substr(0, semi));
-        spec = semi == std::wstring_view::npos ? std::wstring_view() : spec.substr(semi + 1);
+    std::wstring_view patterns = pszPatterns;
+    while (!patterns.empty()) {
+        std::size_t semi = patterns.find(L';');
+        const std::wstring_view one = svwin::TrimBlanks(patterns.substr(0, semi));
+        patterns = semi == std::wstring_view::npos ? std::wstring_view() : patterns.substr(semi + 1);
         if (one.empty()) continue;
         if (one == L"*.*" || svwin::WildcardMatch(name, one)) return TRUE;
         if (one.size() >= 2 && one.ends_with(L".*") && name.find(L'.') == std::wstring_view::npos &&

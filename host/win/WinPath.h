@@ -42,9 +42,9 @@ bool WildcardMatch(std::wstring_view name, std::wstring_view pattern);
 LPWSTR PathFindFileNameW(LPCWSTR pszPath);
 // The "." of the extension of the file name part, or the terminating 0.
 LPWSTR PathFindExtensionW(LPCWSTR pszPath);
-// TRUE if the file name matches the spec, which may list patterns split by
+// TRUE if the file name matches the pattern list, whose patterns are split by
 // ";". Case-insensitive; "*.*" matches every name, "x.*" also "x".
-BOOL PathMatchSpecW(LPCWSTR pszFile, LPCWSTR pszSpec);
+BOOL PathMatchSpecW(LPCWSTR pszFile, LPCWSTR pszPatterns);
 
 inline LPWSTR PathFindFileName(LPCWSTR p) { return PathFindFileNameW(p); }
 inline LPWSTR PathFindExtension(LPCWSTR p) { return PathFindExtensionW(p); }

@@ -15,7 +15,7 @@ namespace {
 
 enum class Size { None, Char, Short, Long, LongLong, SizeT, IntMax, PtrDiff, LongDouble, Wide };
 
-struct Spec {
+struct Field {
     std::string flags;  // subset of "-+ #0"
     int width = 0;
     int precision = -1;  // -1: none
@@ -26,28 +26,28 @@ struct Spec {
     bool ZeroPad() const { return flags.find('0') != std::string::npos && !LeftAlign(); }
 };
 
-void Pad(std::wstring& out, std::wstring_view text, const Spec& spec)
+void Pad(std::wstring& out, std::wstring_view text, const Field& field)
 {
-    const std::size_t width = static_cast<std::size_t>(spec.width);
+    const std::size_t width = static_cast<std::size_t>(field.width);
     const std::size_t fill = width > text.size() ? width - text.size() : 0;
-    if (spec.LeftAlign()) {
+    if (field.LeftAlign()) {
         out += text;
         out.append(fill, L' ');
     } else {
-        out.append(fill, spec.ZeroPad() ? L'0' : L' ');
+        out.append(fill, field.ZeroPad() ? L'0' : L' ');
         out += text;
     }
 }
 
 // Formats one numeric conversion with the C library's narrow printf.
 template <typename T>
-void AppendNumber(std::wstring& out, const Spec& spec, const char* length, char conv, T value)
+void AppendNumber(std::wstring& out, const Field& field, const char* length, char conv, T value)
 {
-    std::string fmt = "%" + spec.flags;
-    if (spec.width > 0)
-        fmt += std::to_string(spec.width);
-    if (spec.precision >= 0)
-        fmt += "." + std::to_string(spec.precision);
+    std::string fmt = "%" + field.flags;
+    if (field.width > 0)
+        fmt += std::to_string(field.width);
+    if (field.precision >= 0)
+        fmt += "." + std::to_string(field.precision);
     fmt += length;
     fmt += conv;
     char small[64];
@@ -63,35 +63,35 @@ void AppendNumber(std::wstring& out, const Spec& spec, const char* length, char 
     out.append(big.begin(), big.begin() + n);
 }
 
-void AppendSigned(std::wstring& out, const Spec& spec, char conv, va_list& ap)
+void AppendSigned(std::wstring& out, const Field& field, char conv, va_list& ap)
 {
-    switch (spec.size) {
-    case Size::Char: AppendNumber(out, spec, "hh", conv, static_cast<signed char>(va_arg(ap, int))); break;
-    case Size::Short: AppendNumber(out, spec, "h", conv, static_cast<short>(va_arg(ap, int))); break;
-    case Size::Long: AppendNumber(out, spec, "l", conv, va_arg(ap, long)); break;
-    case Size::LongLong: AppendNumber(out, spec, "ll", conv, va_arg(ap, long long)); break;
+    switch (field.size) {
+    case Size::Char: AppendNumber(out, field, "hh", conv, static_cast<signed char>(va_arg(ap, int))); break;
+    case Size::Short: AppendNumber(out, field, "h", conv, static_cast<short>(va_arg(ap, int))); break;
+    case Size::Long: AppendNumber(out, field, "l", conv, va_arg(ap, long)); break;
+    case Size::LongLong: AppendNumber(out, field, "ll", conv, va_arg(ap, long long)); break;
     case Size::SizeT:
-    case Size::PtrDiff: AppendNumber(out, spec, "t", conv, va_arg(ap, std::ptrdiff_t)); break;
-    case Size::IntMax: AppendNumber(out, spec, "j", conv, va_arg(ap, std::intmax_t)); break;
-    default: AppendNumber(out, spec, "", conv, va_arg(ap, int)); break;
+    case Size::PtrDiff: AppendNumber(out, field, "t", conv, va_arg(ap, std::ptrdiff_t)); break;
+    case Size::IntMax: AppendNumber(out, field, "j", conv, va_arg(ap, std::intmax_t)); break;
+    default: AppendNumber(out, field, "", conv, va_arg(ap, int)); break;
     }
 }
 
-void AppendUnsigned(std::wstring& out, const Spec& spec, char conv, va_list& ap)
+void AppendUnsigned(std::wstring& out, const Field& field, char conv, va_list& ap)
 {
-    switch (spec.size) {
-    case Size::Char: AppendNumber(out, spec, "hh", conv, static_cast<unsigned char>(va_arg(ap, unsigned))); break;
-    case Size::Short: AppendNumber(out, spec, "h", conv, static_cast<unsigned short>(va_arg(ap, unsigned))); break;
-    case Size::Long: AppendNumber(out, spec, "l", conv, va_arg(ap, unsigned long)); break;
-    case Size::LongLong: AppendNumber(out, spec, "ll", conv, va_arg(ap, unsigned long long)); break;
+    switch (field.size) {
+    case Size::Char: AppendNumber(out, field, "hh", conv, static_cast<unsigned char>(va_arg(ap, unsigned))); break;
+    case Size::Short: AppendNumber(out, field, "h", conv, static_cast<unsigned short>(va_arg(ap, unsigned))); break;
+    case Size::Long: AppendNumber(out, field, "l", conv, va_arg(ap, unsigned long)); break;
+    case Size::LongLong: AppendNumber(out, field, "ll", conv, va_arg(ap, unsigned long long)); break;
     case Size::SizeT:
-    case Size::PtrDiff: AppendNumber(out, spec, "z", conv, va_arg(ap, std::size_t)); break;
-    case Size::IntMax: AppendNumber(out, spec, "j", conv, va_arg(ap, std::uintmax_t)); break;
-    default: AppendNumber(out, spec, "", conv, va_arg(ap, unsigned)); break;
+    case Size::PtrDiff: AppendNumber(out, field, "z", conv, va_arg(ap, std::size_t)); break;
+    case Size::IntMax: AppendNumber(out, field, "j", conv, va_arg(ap, std::uintmax_t)); break;
+    default: AppendNumber(out, field, "", conv, va_arg(ap, unsigned)); break;
     }
 }
 
-void AppendString(std::wstring& out, const Spec& spec, bool narrow, va_list& ap)
+void AppendString(std::wstring& out, const Field& field, bool narrow, va_list& ap)
 {
     std::wstring decoded;
     std::wstring_view text;
@@ -100,8 +100,8 @@ void AppendString(std::wstring& out, const Spec& spec, bool narrow, va_list& ap)
         if (!s)
             text = L"(null)";
         else {
-            std::string_view bytes = spec.precision >= 0
-                ? std::string_view(s, strnlen(s, static_cast<std::size_t>(spec.precision)))
+            std::string_view bytes = field.precision >= 0
+                ? std::string_view(s, strnlen(s, static_cast<std::size_t>(field.precision)))
                 : std::string_view(s);
             decoded = svwin::Utf8ToWide(bytes);
             text = decoded;
@@ -110,24 +110,24 @@ void AppendString(std::wstring& out, const Spec& spec, bool narrow, va_list& ap)
         const wchar_t* s = va_arg(ap, const wchar_t*);
         if (!s)
             text = L"(null)";
-        else if (spec.precision >= 0)
-            text = std::wstring_view(s, wcsnlen(s, static_cast<std::size_t>(spec.precision)));
+        else if (field.precision >= 0)
+            text = std::wstring_view(s, wcsnlen(s, static_cast<std::size_t>(field.precision)));
         else
             text = s;
     }
-    if (spec.precision >= 0 && text.size() > static_cast<std::size_t>(spec.precision))
-        text = text.substr(0, static_cast<std::size_t>(spec.precision));
-    Pad(out, text, spec);
+    if (field.precision >= 0 && text.size() > static_cast<std::size_t>(field.precision))
+        text = text.substr(0, static_cast<std::size_t>(field.precision));
+    Pad(out, text, field);
 }
 
-void AppendChar(std::wstring& out, const Spec& spec, bool narrow, va_list& ap)
+void AppendChar(std::wstring& out, const Field& field, bool narrow, va_list& ap)
 {
     int value = va_arg(ap, int);
     wchar_t ch = narrow ? static_cast<wchar_t>(static_cast<unsigned char>(value)) : static_cast<wchar_t>(value);
-    Pad(out, std::wstring_view(&ch, 1), spec);
+    Pad(out, std::wstring_view(&ch, 1), field);
 }
 
-void AppendPointer(std::wstring& out, const Spec& spec, va_list& ap)
+void AppendPointer(std::wstring& out, const Field& field, va_list& ap)
 {
     const void* p = va_arg(ap, const void*);
     wchar_t digits[17];
@@ -135,7 +135,7 @@ void AppendPointer(std::wstring& out, const Spec& spec, va_list& ap)
     for (int i = 15; i >= 0; --i, v >>= 4)
         digits[i] = L"0123456789ABCDEF"[v & 0xF];
     digits[16] = 0;
-    Pad(out, std::wstring_view(digits, 16), spec);
+    Pad(out, std::wstring_view(digits, 16), field);
 }
 
 // Reads the size prefix at fmt; returns the characters it took.
@@ -166,57 +166,57 @@ int ReadSize(const wchar_t* fmt, Size& size)
 std::size_t RenderOne(std::wstring& out, const wchar_t* p, va_list& ap)
 {
     const wchar_t* start = p;
-    Spec spec;
+    Field field;
     while (*p && std::wcschr(L"-+ #0", *p)) {
-        if (spec.flags.find(static_cast<char>(*p)) == std::string::npos)
-            spec.flags += static_cast<char>(*p);
+        if (field.flags.find(static_cast<char>(*p)) == std::string::npos)
+            field.flags += static_cast<char>(*p);
         ++p;
     }
     if (*p == L'*') {
-        spec.width = va_arg(ap, int);
-        if (spec.width < 0) {  // a negative width means left alignment
-            spec.flags += '-';
-            spec.width = -spec.width;
+        field.width = va_arg(ap, int);
+        if (field.width < 0) {  // a negative width means left alignment
+            field.flags += '-';
+            field.width = -field.width;
         }
         ++p;
     } else {
         while (*p >= L'0' && *p <= L'9')
-            spec.width = std::min(spec.width * 10 + (*p++ - L'0'), 1 << 20);
+            field.width = std::min(field.width * 10 + (*p++ - L'0'), 1 << 20);
     }
     if (*p == L'.') {
         ++p;
-        spec.precision = 0;
+        field.precision = 0;
         if (*p == L'*') {
-            spec.precision = va_arg(ap, int);
-            if (spec.precision < 0)
-                spec.precision = -1;
+            field.precision = va_arg(ap, int);
+            if (field.precision < 0)
+                field.precision = -1;
             ++p;
         } else {
             while (*p >= L'0' && *p <= L'9')
-                spec.precision = std::min(spec.precision * 10 + (*p++ - L'0'), 1 << 20);
+                field.precision = std::min(field.precision * 10 + (*p++ - L'0'), 1 << 20);
         }
     }
-    p += ReadSize(p, spec.size);
-    spec.conv = *p;
-    switch (spec.conv) {
+    p += ReadSize(p, field.size);
+    field.conv = *p;
+    switch (field.conv) {
     case L'd':
-    case L'i': AppendSigned(out, spec, static_cast<char>(spec.conv), ap); break;
+    case L'i': AppendSigned(out, field, static_cast<char>(field.conv), ap); break;
     case L'u':
     case L'x':
     case L'X':
-    case L'o': AppendUnsigned(out, spec, static_cast<char>(spec.conv), ap); break;
+    case L'o': AppendUnsigned(out, field, static_cast<char>(field.conv), ap); break;
     case L'f': case L'F': case L'e': case L'E':
     case L'g': case L'G': case L'a': case L'A':
-        if (spec.size == Size::LongDouble)
-            AppendNumber(out, spec, "L", static_cast<char>(spec.conv), va_arg(ap, long double));
+        if (field.size == Size::LongDouble)
+            AppendNumber(out, field, "L", static_cast<char>(field.conv), va_arg(ap, long double));
         else
-            AppendNumber(out, spec, "", static_cast<char>(spec.conv), va_arg(ap, double));
+            AppendNumber(out, field, "", static_cast<char>(field.conv), va_arg(ap, double));
         break;
-    case L's': AppendString(out, spec, spec.size == Size::Short, ap); break;
-    case L'S': AppendString(out, spec, spec.size != Size::Long && spec.size != Size::Wide, ap); break;
-    case L'c': AppendChar(out, spec, spec.size == Size::Short, ap); break;
-    case L'C': AppendChar(out, spec, spec.size != Size::Long && spec.size != Size::Wide, ap); break;
-    case L'p': AppendPointer(out, spec, ap); break;
+    case L's': AppendString(out, field, field.size == Size::Short, ap); break;
+    case L'S': AppendString(out, field, field.size != Size::Long && field.size != Size::Wide, ap); break;
+    case L'c': AppendChar(out, field, field.size == Size::Short, ap); break;
+    case L'C': AppendChar(out, field, field.size != Size::Long && field.size != Size::Wide, ap); break;
+    case L'p': AppendPointer(out, field, ap); break;
     case L'n': (void)va_arg(ap, void*); break;
     case L'%': out += L'%'; break;
     default: return 0;

@@ -60,14 +60,14 @@ TEST(WinPath, ShellHelpers)
     EXPECT_STREQ(PathFindExtensionW(L"a.b\\c"), L"");
     const struct {
         const wchar_t* file;
-        const wchar_t* spec;
+        const wchar_t* patterns;
         BOOL match;
     } rows[] = {
         {L"Plan.DWG", L"*.dwg", TRUE},   {L"plan.dwg", L"*.dxf;*.dwg", TRUE}, {L"plan", L"*.*", TRUE},
         {L"plan", L"plan.*", TRUE},      {L"a1.txt", L"a?.txt", TRUE},        {L"a12.txt", L"a?.txt", FALSE},
         {L"x.dwg.bak", L"*.dwg", FALSE}, {L"C:\\p\\Ab.ini", L"a*B.INI", TRUE}, {L"abc", L"*b*c*", TRUE},
     };
-    for (const auto& r : rows) EXPECT_EQ(PathMatchSpecW(r.file, r.spec), r.match) << r.file << " " << r.spec;
+    for (const auto& r : rows) EXPECT_EQ(PathMatchSpecW(r.file, r.patterns), r.match) << r.file << " " << r.patterns;
 }
 
 TEST(WinFile, AttributesAndErrors)
