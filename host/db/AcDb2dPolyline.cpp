@@ -126,12 +126,7 @@ AcGePoint3d AcDb2dPolyline::vertexPosition(const AcDb2dVertex* vertex) const
 
 Acad::ErrorStatus AcDb2dPolyline::setNormal(const AcGeVector3d& normal)
 {
-    AcGeVector3d n;
-    if (!AcDbCurveGeom::unitNormal(normal, n))
-        return Acad::eInvalidInput;
-    assertWriteEnabled();
-    m_normal = n;
-    return Acad::eOk;
+    return AcDbCurveGeom::setNormal(*this, m_normal, normal);
 }
 
 void AcDb2dPolyline::toLightweight(AcDbPolyline& polyline) const

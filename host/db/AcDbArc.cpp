@@ -63,12 +63,7 @@ AcGeVector3d AcDbArc::normal() const
 
 Acad::ErrorStatus AcDbArc::setNormal(const AcGeVector3d& normal)
 {
-    AcGeVector3d n;
-    if (!AcDbCurveGeom::unitNormal(normal, n))
-        return Acad::eInvalidInput;
-    assertWriteEnabled();
-    m_normal = n;
-    return Acad::eOk;
+    return AcDbCurveGeom::setNormal(*this, m_normal, normal);
 }
 
 double AcDbArc::thickness() const

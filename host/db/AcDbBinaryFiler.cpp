@@ -6,6 +6,7 @@
 
 #include "host/db/AcDbDatabase.h"
 #include "host/db/AcDbIdMapping.h"
+#include "host/db/acutads.h"
 #include "host/rx/AcRxBoiler.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbBinaryFiler, AcDbDwgFiler)
@@ -289,10 +290,8 @@ Acad::ErrorStatus AcDbBinaryFiler::readString(ACHAR** value)
             m_pos += n;
         }
     }
-    if (value) {
-        *value = new ACHAR[text.size() + 1];
-        std::wmemcpy(*value, text.c_str(), text.size() + 1);
-    }
+    if (value)
+        *value = acutNewString(text.c_str());
     return m_status;
 }
 Acad::ErrorStatus AcDbBinaryFiler::writeString(const ACHAR* value)

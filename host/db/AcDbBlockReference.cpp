@@ -28,12 +28,7 @@ Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeScale3d& scale)
 
 Acad::ErrorStatus AcDbBlockReference::setNormal(const AcGeVector3d& normal)
 {
-    AcGeVector3d n;
-    if (!AcDbCurveGeom::unitNormal(normal, n))
-        return Acad::eInvalidInput;
-    assertWriteEnabled();
-    m_normal = n;
-    return Acad::eOk;
+    return AcDbCurveGeom::setNormal(*this, m_normal, normal);
 }
 
 AcGeMatrix3d AcDbBlockReference::blockTransform() const

@@ -55,12 +55,7 @@ AcGeVector3d AcDbCircle::normal() const
 
 Acad::ErrorStatus AcDbCircle::setNormal(const AcGeVector3d& normal)
 {
-    AcGeVector3d n;
-    if (!AcDbCurveGeom::unitNormal(normal, n))
-        return Acad::eInvalidInput;
-    assertWriteEnabled();
-    m_normal = n;
-    return Acad::eOk;
+    return AcDbCurveGeom::setNormal(*this, m_normal, normal);
 }
 
 double AcDbCircle::thickness() const

@@ -149,6 +149,16 @@ bool AcDbCurveGeom::unitNormal(const AcGeVector3d& v, AcGeVector3d& normal)
     return true;
 }
 
+Acad::ErrorStatus AcDbCurveGeom::setNormal(AcDbObject& object, AcGeVector3d& member, const AcGeVector3d& normal)
+{
+    AcGeVector3d n;
+    if (!unitNormal(normal, n))
+        return Acad::eInvalidInput;
+    object.assertWriteEnabled();
+    member = n;
+    return Acad::eOk;
+}
+
 std::wstring AcDbCurveGeom::recordName(AcDbObjectId id)
 {
     if (id.isNull())

@@ -11,6 +11,7 @@
 #include "host/ge/AcGeMatrix3d.h"
 #include "host/ge/AcGePoint2d.h"
 #include "host/db/AcDbDxfFiler.h"
+#include "host/db/AcDbObject.h"
 #include "host/rx/AcadStrc.h"
 
 // One straight or circular piece of a curve. A straight piece keeps its extent (segment,
@@ -94,6 +95,9 @@ AcGeVector3d ocsDirection(const AcGeVector3d& normal, double angle);
 
 // A unit normal from a vector read or set; false for a zero or non-finite vector.
 bool unitNormal(const AcGeVector3d& v, AcGeVector3d& normal);
+// The setNormal of an entity: a vector unitNormal refuses leaves the object untouched
+// (eInvalidInput); otherwise the object is opened up for the change and member takes it.
+Acad::ErrorStatus setNormal(AcDbObject& object, AcGeVector3d& member, const AcGeVector3d& normal);
 
 inline AcGePoint3d point(const resbuf& rb)
 {

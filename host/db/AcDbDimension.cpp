@@ -73,9 +73,7 @@ AcDbDimension::AcDbDimension()
 ACHAR* AcDbDimension::dimensionText() const
 {
     assertReadEnabled();
-    auto* copy = new ACHAR[m_text.size() + 1];
-    std::wmemcpy(copy, m_text.c_str(), m_text.size() + 1);
-    return copy;
+    return acutNewString(m_text.c_str());
 }
 
 const std::wstring& AcDbDimension::dimensionTextString() const { assertReadEnabled(); return m_text; }
@@ -145,12 +143,7 @@ Acad::ErrorStatus AcDbDimension::setTextLineSpacingFactor(double factor)
 
 Acad::ErrorStatus AcDbDimension::setNormal(const AcGeVector3d& normal)
 {
-    AcGeVector3d n;
-    if (!AcDbCurveGeom::unitNormal(normal, n))
-        return Acad::eInvalidInput;
-    assertWriteEnabled();
-    m_normal = n;
-    return Acad::eOk;
+    return AcDbCurveGeom::setNormal(*this, m_normal, normal);
 }
 
 void AcDbDimension::getEcs(AcGeMatrix3d& retVal) const

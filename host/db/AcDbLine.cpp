@@ -57,12 +57,7 @@ AcGeVector3d AcDbLine::normal() const
 
 Acad::ErrorStatus AcDbLine::setNormal(const AcGeVector3d& normal)
 {
-    AcGeVector3d n;
-    if (!AcDbCurveGeom::unitNormal(normal, n))
-        return Acad::eInvalidInput;
-    assertWriteEnabled();
-    m_normal = n;
-    return Acad::eOk;
+    return AcDbCurveGeom::setNormal(*this, m_normal, normal);
 }
 
 Acad::ErrorStatus AcDbLine::getStartParam(double& param) const

@@ -8,6 +8,7 @@
 #include "host/db/AcDbCurveGeom.h"
 #include "host/db/AcDbDwgFiler.h"
 #include "host/db/AcDbMTextFormat.h"
+#include "host/db/acutads.h"
 #include "host/rx/acutPrintf.h"
 #include "host/rx/AcRxBoiler.h"
 
@@ -131,9 +132,7 @@ Acad::ErrorStatus AcDbMText::setLineSpacingFactor(double factor)
 ACHAR* AcDbMText::contents() const
 {
     assertReadEnabled();
-    auto* copy = new ACHAR[m_contents.size() + 1];
-    std::wmemcpy(copy, m_contents.c_str(), m_contents.size() + 1);
-    return copy;
+    return acutNewString(m_contents.c_str());
 }
 
 Acad::ErrorStatus AcDbMText::setContents(const ACHAR* text)

@@ -220,12 +220,7 @@ AcGeVector3d AcDbPolyline::normal() const
 
 Acad::ErrorStatus AcDbPolyline::setNormal(const AcGeVector3d& normal)
 {
-    AcGeVector3d n;
-    if (!AcDbCurveGeom::unitNormal(normal, n))
-        return Acad::eInvalidInput;
-    assertWriteEnabled();
-    m_normal = n;
-    return Acad::eOk;
+    return AcDbCurveGeom::setNormal(*this, m_normal, normal);
 }
 
 unsigned int AcDbPolyline::numSegments() const

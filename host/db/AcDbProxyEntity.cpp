@@ -7,6 +7,7 @@
 #include "host/db/AcDbCurveGeom.h"
 #include "host/db/AcDbDwgFiler.h"
 #include "host/db/AcDbOpen.h"
+#include "host/db/acutads.h"
 #include "host/rx/acutPrintf.h"
 #include "host/rx/AcRxBoiler.h"
 
@@ -14,13 +15,6 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbProxyEntity, AcDbEntity, AcDb::kDHL_CURRENT, AcDb::k
                         ACAD_PROXY_ENTITY, "")
 
 namespace {
-
-ACHAR* copyOf(const std::wstring& s)
-{
-    auto* copy = new ACHAR[s.size() + 1];
-    std::wmemcpy(copy, s.c_str(), s.size() + 1);
-    return copy;
-}
 
 void writeChunked(AcDbDwgFiler* filer, const std::vector<Adesk::UInt8>& bytes)
 {
@@ -47,9 +41,9 @@ void readChunked(AcDbDwgFiler* filer, std::vector<Adesk::UInt8>& bytes)
 
 }  // namespace
 
-ACHAR* AcDbProxyEntity::originalClassName() const { assertReadEnabled(); return copyOf(m_className); }
-ACHAR* AcDbProxyEntity::originalDxfName() const { assertReadEnabled(); return copyOf(m_dxfName); }
-ACHAR* AcDbProxyEntity::applicationDescription() const { assertReadEnabled(); return copyOf(m_appName); }
+ACHAR* AcDbProxyEntity::originalClassName() const { assertReadEnabled(); return acutNewString(m_className.c_str()); }
+ACHAR* AcDbProxyEntity::originalDxfName() const { assertReadEnabled(); return acutNewString(m_dxfName.c_str()); }
+ACHAR* AcDbProxyEntity::applicationDescription() const { assertReadEnabled(); return acutNewString(m_appName.c_str()); }
 const std::wstring& AcDbProxyEntity::originalClassNameString() const { assertReadEnabled(); return m_className; }
 const std::wstring& AcDbProxyEntity::originalDxfNameString() const { assertReadEnabled(); return m_dxfName; }
 int AcDbProxyEntity::proxyFlags() const { assertReadEnabled(); return m_flags; }

@@ -10,6 +10,7 @@
 #include "host/db/AcDbDxfFiler.h"
 #include "host/db/AcDbObjectAccess.h"
 #include "host/db/AcDbOpen.h"
+#include "host/db/acutads.h"
 #include "host/rx/AcRxBoiler.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbSymbolTable, AcDbObject)
@@ -241,8 +242,7 @@ bool AcDbSymbolTableRecord::isValidName(const ACHAR* text)
 Acad::ErrorStatus AcDbSymbolTableRecord::getName(ACHAR*& name) const
 {
     assertReadEnabled();
-    name = new ACHAR[m_name.size() + 1];
-    std::wmemcpy(name, m_name.c_str(), m_name.size() + 1);
+    name = acutNewString(m_name.c_str());
     return Acad::eOk;
 }
 

@@ -7,6 +7,7 @@
 #include "host/db/AcDbAnnotativeObjectPE.h"
 #include "host/db/AcDbCurveGeom.h"
 #include "host/db/AcDbDwgFiler.h"
+#include "host/db/acutads.h"
 #include "host/rx/acutPrintf.h"
 #include "host/rx/AcRxBoiler.h"
 
@@ -69,12 +70,7 @@ Acad::ErrorStatus AcDbText::setTextStyle(AcDbObjectId style) { assertWriteEnable
 
 Acad::ErrorStatus AcDbText::setNormal(const AcGeVector3d& normal)
 {
-    AcGeVector3d n;
-    if (!AcDbCurveGeom::unitNormal(normal, n))
-        return Acad::eInvalidInput;
-    assertWriteEnabled();
-    m_normal = n;
-    return Acad::eOk;
+    return AcDbCurveGeom::setNormal(*this, m_normal, normal);
 }
 
 Acad::ErrorStatus AcDbText::setHorizontalMode(int mode)
@@ -112,9 +108,7 @@ Acad::ErrorStatus AcDbText::mirrorInY(bool on)
 ACHAR* AcDbText::textString() const
 {
     assertReadEnabled();
-    auto* copy = new ACHAR[m_text.size() + 1];
-    std::wmemcpy(copy, m_text.c_str(), m_text.size() + 1);
-    return copy;
+    return acutNewString(m_text.c_str());
 }
 
 Acad::ErrorStatus AcDbText::setTextString(const ACHAR* text)
