@@ -2,6 +2,7 @@
 #include "host/db/AcDbDatabase.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/db/AcDbBinaryFiler.h"
 #include "host/db/AcDbDatabaseImpl.h"
@@ -132,6 +133,20 @@ Acad::ErrorStatus AcDbDatabase::addAcDbObject(AcDbObjectId& id, AcDbObject* obje
     incrementDbmod();
     m_impl->fireAppended(object);
     return Acad::eOk;
+}
+
+void AcDbDatabase::swapContents(AcDbDatabase& other)
+{
+    if (&other == this)
+        return;
+    std::swap(m_impl, other.m_impl);
+    std::swap(m_undo, other.m_undo);
+    for (AcDbDatabase* db : {this, &other}) {
+        db->m_impl->db = db;
+        db->m_undo->setDatabase(db);
+        for (auto& stub : db->m_impl->stubs)
+            stub->database = db;
+    }
 }
 
 Acad::ErrorStatus AcDbDatabase::addAcDbObjectAsRead(AcDbObjectId& id, AcDbObject* object, AcDbHandle handle)

@@ -241,6 +241,10 @@ public:
     static AcDbFileIo* fileIo();
     // Loads the file (through the file format hook) into this database, which must be
     // empty. shareMode is accepted for the platform's shape.
+    // Exchanges everything the two databases hold (objects and their ids, tables, header,
+    // handle seed, undo state); reactors, file name and modification count stay. A file
+    // loads into a scratch database and, once it has loaded, moves here in one step.
+    void swapContents(AcDbDatabase& other);
     Acad::ErrorStatus readDwgFile(const ACHAR* fileName, int shareMode = 0,
                                   bool allowCPConversion = false, const ACHAR* password = nullptr);
     Acad::ErrorStatus saveAs(const ACHAR* fileName, bool bBakAndRename = true,

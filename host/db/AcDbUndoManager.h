@@ -22,6 +22,8 @@ class AcRxClass;
 class AcDbUndoManager {
 public:
     explicit AcDbUndoManager(AcDbDatabase* db);
+    // The database whose contents this history belongs to (they move together).
+    void setDatabase(AcDbDatabase* db) { m_db = db; }
     ~AcDbUndoManager();
 
     void startGroup();

@@ -58,14 +58,11 @@ Acad::ErrorStatus dxfReadFile(AcDbDatabase& db, const std::string& path, std::st
         return es;
     const std::string name = fs::path(path).filename().string();
     try {
-        // A failed load must leave db as it was, and a database can't be emptied again: the
-        // file goes into a scratch database first, and only a file that loads there is read
-        // into db.
-        {
-            AcDbDatabase scratch(false, true);
-            dxfReadDatabase(scratch, data, name);
-        }
-        dxfReadDatabase(db, std::move(data), name);
+        // A failed load must leave db as it was: the file goes into a scratch database,
+        // and only a drawing that loaded there moves into db.
+        AcDbDatabase scratch(false, true);
+        dxfReadDatabase(scratch, std::move(data), name);
+        db.swapContents(scratch);
     } catch (const DxfError& e) {
         error = e.what();
         return Acad::eDxfReadAborted;
