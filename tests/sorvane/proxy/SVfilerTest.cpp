@@ -104,37 +104,6 @@ protected:
         bUnloaded = 0;
         ChainFixture::TearDown();
     }
-
-    // Six extensions: each gets its own tick, every other one hides its
-    // extension line, and the segments carry user values and affixes.
-    static void Populate(SVdim& chain, int iType)
-    {
-        LayOut(chain, 6);
-        chain.m_dimType = iType;
-        chain.m_dRotation = iType == SVdim::kVertical ? SVdim::kHalfPi : 0.3;
-        chain.m_vectorDim = AcGeVector3d(0.6, 0.8, 0);
-        chain.m_xyzOrigin = AcGePoint3d(1, 2, 3);
-        chain.m_xAxis = AcGeVector3d(0, 1, 0);
-        chain.m_yAxis = AcGeVector3d(-1, 0, 0);
-        chain.m_zAxis = AcGeVector3d(0, 0, 1);
-        chain.m_normal = AcGeVector3d(0, 0, 1);
-        for (int i = 0; i < 6; ++i) {
-            chain.m_dimTexts[i] = L"1.00#8";
-            ASSERT_TRUE(chain.SetTickType(i, i));
-            chain.SetExtLineVisible(i, i % 2 == 0);
-        }
-        chain.SetDimTextUser(1, L"2.50");
-        chain.SetDimTextPrefix(2, L"ca. ");
-        chain.SetDimTextPostfix(3, L" m");
-        CAppendTextObject text;
-        text.strText = L"Fenster";
-        text.ptText = AcGePoint3d(4, 5, 0);
-        text.bAutoPos = 0;
-        text.dValue = 1.25;
-        chain.SetAppendingText(2, &text);
-        text.strText = L"Tür";
-        chain.SetAppendingText(4, &text);
-    }
 };
 
 TEST_F(ChainFilerTest, LinearChainsSurviveARoundTrip)
@@ -142,7 +111,7 @@ TEST_F(ChainFilerTest, LinearChainsSurviveARoundTrip)
     for (int iType : {SVdim::kHorizontal, SVdim::kVertical, SVdim::kAligned}) {
         SCOPED_TRACE(iType);
         SVdim source;
-        Populate(source, iType);
+        FillEveryKind(source, iType);
         Acad::ErrorStatus es = Acad::eNotImplementedYet;
         const Bytes first = Save(source, &es);
         ASSERT_EQ(es, Acad::eOk);
@@ -164,7 +133,7 @@ TEST_F(ChainFilerTest, LinearChainsSurviveARoundTrip)
 TEST_F(ChainFilerTest, SavingStampsTheRunningVersionAndFixesStrayFlags)
 {
     SVdim source;
-    Populate(source, SVdim::kHorizontal);
+    FillEveryKind(source, SVdim::kHorizontal);
     source.arrayInt[SVdim::kIntAppVersion] = 1999;
     source.m_extFlags.SetSize(3);  // does not fit six extensions
     SVdim copy;
@@ -264,7 +233,7 @@ TEST_F(ChainFilerTest, ACutRecordReportsTheFilerError)
 TEST_F(ChainFilerTest, WithoutOptionsOnlyTheBaseRecordIsFiled)
 {
     SVdim source;
-    Populate(source, SVdim::kAligned);
+    FillEveryKind(source, SVdim::kAligned);
     SVdim empty;
     AcDbBinaryFiler baseOnly;
     empty.AcDbEntity::dwgOutFields(&baseOnly);
