@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "app/App.h"
+#include "app/CutLine.h"
+#include "app/DimPlace.h"
 #include "app/DlgMain.h"
 #include "app/Panel.h"
 #include "host/ed/AcEdCommandStack.h"
@@ -29,12 +31,27 @@ void CmdSorvane()
     dlgMyApp->ShowWindow(SW_SHOW);
 }
 
+void CmdAdim()
+{
+    RunPlacementCommand(DimPlace, 2);
+}
+
+void CmdHdim()
+{
+    RunPlacementCommand(DimPlace, 0);
+}
+
+void CmdVdim()
+{
+    RunPlacementCommand(DimPlace, 1);
+}
+
 // The global name "KOVA_vdim" is lower case on purpose: scripts written for it
 // must keep working.
 const CCommandEntry kCommands[] = {
-    {L"KOVA_Adim", L"KOVA_Adim", kModal, nullptr},
-    {L"KOVA_Hdim", L"KOVA_Hdim", kModal, nullptr},
-    {L"KOVA_vdim", L"KOVA_Vdim", kModal, nullptr},
+    {L"KOVA_Adim", L"KOVA_Adim", kModal, CmdAdim},
+    {L"KOVA_Hdim", L"KOVA_Hdim", kModal, CmdHdim},
+    {L"KOVA_vdim", L"KOVA_Vdim", kModal, CmdVdim},
     {L"KOVA_Sorvane", L"KOVA_Sorvane", kModal, CmdSorvane},
     {L"KOVA_Doption", L"KOVA_Doption", kModal, nullptr},
     {L"KOVA_SelectSorvaneObjects", L"KOVA_DimSelectObjects", kPickSet, nullptr},
@@ -118,7 +135,8 @@ int LispMakeDimByLine()
         acedRetVoid();
         if (!pGlobDimOptions)
             return RTERROR;
-        PrintNotAvailable(L"KOVA_SorvaneMakeDimByLine");
+        // The panel leaves the chain type here before it calls the function.
+        MakeDimByLine(pGlobDimOptions->m_iRunningCommand);
         return RTNORM;
     });
 }
