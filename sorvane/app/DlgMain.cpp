@@ -5,10 +5,12 @@
 #include <algorithm>
 
 #include "app/ChainLink.h"
+#include "host/db/AcDbEntity.h"
 #include "host/db/AcDbObject.h"
 #include "host/rx/AcRxClass.h"
 #include "host/win/WinWindow.h"
 #include "options/GlobDimOptions.h"
+#include "services/Annotative.h"
 #include "services/Trace.h"
 
 namespace {
@@ -167,8 +169,16 @@ int CDlgMain::InitParameters(AcDbObject* pEntity, int* piResult)
     CUIntArray* pInts = nullptr;
     CDoubleArray* pDoubles = nullptr;
     if (pEntity && (m_iCurrentMode == kModeAll || m_iCurrentMode == kModeLinear) &&
-        GetChainArrays(pEntity, pStrings, pInts, pDoubles))
-        return InitParameterArrays(*pStrings, *pInts, *pDoubles, kModeLinear, piResult);
+        GetChainArrays(pEntity, pStrings, pInts, pDoubles)) {
+        const int iDone = InitParameterArrays(*pStrings, *pInts, *pDoubles, kModeLinear, piResult);
+        // The scale text decides the annotative flag. A chain not yet in a drawing
+        // gets it at its first refresh there, when it is open for write.
+        auto* pChainEntity = AcDbEntity::cast(pEntity);
+        if (iDone && pChainEntity && pStrings->GetSize() > 0 && pEntity->isDatabaseResident() &&
+            pEntity->isWriteEnabled())
+            SetAnnotative(pChainEntity, IsAnnoScaleText((*pStrings)[0]));
+        return iDone;
+    }
     TraceF(L"\n InitParameters: %s is not served in mode %d ",
            pEntity ? pEntity->isA()->name() : L"(null)", m_iCurrentMode);
     return 0;

@@ -8,6 +8,7 @@
 #include "app/MatchProp.h"
 #include "app/MessageFilter.h"
 #include "app/Panel.h"
+#include "app/SysVarWatch.h"
 #include "host/ap/AcRxDynamicLinker.h"
 #include "host/ed/AcEdWindow.h"
 #include "host/ed/acedads.h"
@@ -22,6 +23,7 @@
 #include "options/GlobDimOptions.h"
 #include "options/IniCache.h"
 #include "resources/Resources.h"
+#include "services/Annotative.h"
 #include "services/Folders.h"
 #include "services/Guard.h"
 #include "services/Locks.h"
@@ -40,6 +42,8 @@ void initApp()
     if (!acrxServiceIsRegistered(SORVANE_GROUP))
         acrxRegisterService(SORVANE_GROUP);
     RegisterChainClass();
+    // Chains follow the drawing's annotation scale like the host's dimensions.
+    AddAnnotativeExtension(ChainClass());
     // The height mark registers its class here once it is part of the module.
     acrxBuildClassHierarchy();
     if (!addMatchSVdim()) {
@@ -49,6 +53,7 @@ void initApp()
     }
     RegisterCommands();
     // The database and command reactors attach here once they exist.
+    InstallSysVarWatch();
     bMessageFilterOn = acedRegisterFilterWinMsg(filterProc) ? 1 : 0;
     if (!bMessageFilterOn)
         acutPrintf(L"\nCan\u00b4t register message filter.");
@@ -65,6 +70,8 @@ void UnloadApp()
         delete acrxServiceDictionary->remove(SORVANE_GROUP);
     UnlockAll();
     // The reactors are taken off here once they exist.
+    RemoveSysVarWatch();
+    RemoveAnnotativeExtension(ChainClass());
     SaveIni();
     if (bMessageFilterOn) {
         acedRemoveFilterWinMsg(filterProc);

@@ -2,9 +2,12 @@
 // the sets of a mode, and writing single values under their keys.
 #include "options/GlobDimOptions.h"
 
+#include "app/App.h"
 #include "host/mfc/CWaitCursor.h"
 #include "host/win/WinCrt.h"
 #include "options/IniCache.h"
+#include "options/IniDefaults.h"
+#include "options/IniLists.h"
 #include "options/Maps.h"
 #include "options/ScaleText.h"
 #include "services/Folders.h"
@@ -26,6 +29,20 @@ constexpr int kStoredDecimals = 10;
 const wchar_t kForbiddenDelimiterChars[] = L"#@^";
 
 constexpr int kIntAltUnits = 22;
+
+// The description of the parameters, read only, beside the language file.
+const wchar_t kParamDescriptionName[] = L"DimParam.ini";
+const wchar_t* const kParamDescriptionSections[] = {L"Parameters_INT", L"Parameters_DBL", L"Parameters_STR",
+                                                    L"Parameters_General"};
+// The list of the options files the user has worked with, in the main INI file.
+const wchar_t kOptionsFilesSection[] = L"OptionsFiles";
+// Per set (linear, height, text): keys of which at least one stands in an
+// options file that was ever written for that set.
+const wchar_t* const kSetMarkerKeys[kSetCount][3] = {
+    {L"TickSize", L"TextHeight", L"Scale"},
+    {L"HDimSize", L"AcadUnits", L"Scale"},
+    {L"TextHeight", L"AcadUnits", L"Scale"},
+};
 
 UINT LegalAltUnits(UINT nValue)
 {
@@ -49,6 +66,38 @@ CString MainIniPath()
     return strFolder + kMainIniName;
 }
 
+// DimParam.ini in the folder of the language file; before a language is
+// chosen, the one beside the module.
+CString ParamDescriptionFile()
+{
+    const CString strFolder = strLanguageFile.IsEmpty() ? GetModuleFolder() : GetFolderOf(strLanguageFile);
+    return strFolder + kParamDescriptionName;
+}
+
+// Adds the items "key=<flag><label>;<description>" of all four sections to the
+// global store's mapParams. A missing file adds nothing: every key then lives
+// in the main INI file.
+void LoadParamDescriptions()
+{
+    const CString strFile = ParamDescriptionFile();
+    if (!FileExists(strFile))
+        return;
+    for (const wchar_t* pszSection : kParamDescriptionSections)
+        LoadMap(kMapModeParams, pszSection, strFile);
+}
+
+// The list "OptionsFiles" of the main INI file gains the file if it lacks it.
+void RememberOptionsFile(const CString& strIniFile, const CString& strFile)
+{
+    CStringArray arrayFiles;
+    LoadSection(arrayFiles, kOptionsFilesSection, strIniFile);
+    for (INT_PTR i = 0; i < arrayFiles.GetSize(); ++i)
+        if (arrayFiles[i].CompareNoCase(strFile) == 0)
+            return;
+    arrayFiles.Add(strFile);
+    SaveSection(arrayFiles, kOptionsFilesSection, strIniFile);
+}
+
 } // namespace
 
 BOOL CGlobDimOptions::LoadOptions()
@@ -58,9 +107,9 @@ BOOL CGlobDimOptions::LoadOptions()
         // The background colour is taken from acedGetCurrentColors here once
         // the editor reports it; until then the last one stays.
 
-        // DimParam.ini, beside the language file, fills mapParams here through
-        // the INI layer (sections Parameters_INT, _DBL, _STR and _General).
-        // Without it every key lives in the main INI file and has no label.
+        // The list reader serves the global store only; DimParam.ini is read once.
+        if (mapParams.IsEmpty() && pGlobDimOptions == this)
+            LoadParamDescriptions();
 
         m_strIniFile = MainIniPath();
         CString strValue;
@@ -75,8 +124,8 @@ BOOL CGlobDimOptions::LoadOptions()
             m_strCurOptionsFile = strValue;
         if (m_strCurOptionsFile.IsEmpty() || !FileExists(m_strCurOptionsFile))
             m_strCurOptionsFile = m_strIniFile;
-        // The list "OptionsFiles" of the main INI file gains the current file
-        // here (LoadSection / SaveSection of the INI layer).
+        if (pGlobDimOptions == this)
+            RememberOptionsFile(m_strIniFile, m_strCurOptionsFile);
 
         for (int iSet = 0; iSet < kSetCount; ++iSet)
             LoadSet(iSet);
@@ -104,8 +153,14 @@ void CGlobDimOptions::LoadSet(int iSet)
     m_iMode = ModeOfSet(iSet);
     CParamSet& set = GetSet();
     set.Reset();
-    // An options file that holds none of the set's three marker keys gets the
-    // mode's defaults written here first (MakeDefaultIniValues).
+    // An options file never written for this set gets the mode's defaults
+    // first; read past the cache, since only the file itself counts.
+    const CString strSection = SectionPrefix(m_iMode) + kMainOptionsSection;
+    bool bWritten = false;
+    for (const wchar_t* pszKey : kSetMarkerKeys[iSet])
+        bWritten = bWritten || !ReadEntryFromIni(m_strCurOptionsFile, strSection, pszKey).IsEmpty();
+    if (!bWritten)
+        MakeDefaultIniValues(m_strCurOptionsFile, m_iMode);
 
     for (int i : {0, 1, 2})
         set.arrayString[i] = ReadParam(kParamString, i);

@@ -76,6 +76,12 @@ void MakeDefaultIniValues(const wchar_t* pszFile, int iMode)
         if (AppliesTo(entry.eModes, iMode))
             WriteIniNow(pszFile, strMain, entry.pszKey, entry.pszValue);
     }
+    MakeDefaultIniLists(pszFile, iMode);
+}
+
+void MakeDefaultIniLists(const wchar_t* pszFile, int iMode)
+{
+    const CString strPrefix = SectionPrefix(iMode);
     WriteDefaultList(pszFile, strPrefix + L"TextHeight2Color",
                      {L"TrueType=7", L"18=1", L"25=2", L"35=3", L"50=4", L"70=5", L"100=6"});
     CString strUnknown;

@@ -9,6 +9,8 @@
 // prefix + "MainOptions" and the lists Scale2Layer, TextHeight2Color and,
 // except for texts, ExtLineLength.
 void MakeDefaultIniValues(const wchar_t* pszFile, int iMode);
+// The lists alone, for a file whose measures stand but whose lists are missing.
+void MakeDefaultIniLists(const wchar_t* pszFile, int iMode);
 // TRUE if "MainOptions" of the file holds Measure or Decimals; otherwise a
 // message box says the file is no options file.
 BOOL CheckOptionsFile(const wchar_t* pszFile);

@@ -43,7 +43,8 @@ void LoadMaps()
     for (int iMode : {kModeLinear, kModeText, kModeSectionHeight}) {
         if (LoadMap(iMode, L"Scale2Layer") == 0 && LoadMap(iMode, L"TextHeight2Color") == 0) {
             CString strFile = pGlobDimOptions->m_strCurOptionsFile;
-            MakeDefaultIniValues(strFile.IsEmpty() ? GetIniFile() : strFile, iMode);
+            // Only the lists: the file's measures are the project's own.
+            MakeDefaultIniLists(strFile.IsEmpty() ? GetIniFile() : strFile, iMode);
             LoadMap(iMode, L"Scale2Layer");
         }
         LoadMap(iMode, L"TextHeight2Color");

@@ -1,6 +1,7 @@
 // Reading scale texts into numbers.
 #include "options/ScaleText.h"
 
+#include "services/Annotative.h"
 #include "services/Numbers.h"
 #include "services/Trace.h"
 
@@ -8,16 +9,10 @@ namespace {
 
 // The number behind every annotative or unnamed scale.
 constexpr double kAnnotativeScale = 0.01;
-// String-table entry of the word the scale lists show for annotative scale.
-constexpr UINT kIdsAnnoScaleWord = 7102;
-
+// The annotative word, and the empty text, which no scale list shows.
 BOOL IsAnnotativeWord(const CString& strScale)
 {
-    if (strScale.IsEmpty() || strScale.CollateNoCase(L"AnnoScale") == 0 || strScale.CollateNoCase(L"BMaß") == 0)
-        return TRUE;
-    // A language file may translate the word; its own form counts too.
-    CString strWord;
-    return strWord.LoadString(kIdsAnnoScaleWord) && !strWord.IsEmpty() && strScale.CollateNoCase(strWord) == 0;
+    return strScale.IsEmpty() || IsAnnoScaleText(strScale);
 }
 
 } // namespace

@@ -4,12 +4,11 @@
 #include <cstdlib>
 #include <cwchar>
 
-#include "host/db/AcDbAnnotativeObjectPE.h"
 #include "host/db/AcDbDatabase.h"
-#include "host/db/AcDbScale.h"
 #include "host/rx/acutPrintf.h"
 #include "options/GlobDimOptions.h"
 #include "proxy/SVbasic.h"
+#include "services/Annotative.h"
 
 namespace {
 
@@ -20,15 +19,11 @@ constexpr int kOptIntAltUnits = 14;
 // The drawing's current annotation scale when the chain is annotative; 0 otherwise.
 double AnnotationScaleOf(const SVdim* pChain)
 {
-    const auto* pPE = static_cast<AcDbAnnotativeObjectPE*>(pChain->queryX(AcDbAnnotativeObjectPE::desc()));
-    if (!pPE || !pPE->annotative(const_cast<SVdim*>(pChain)))
+    // Reading the flag and the drawing's scale changes nothing of the chain.
+    SVdim* pSelf = const_cast<SVdim*>(pChain);
+    if (!IsAnnotative(pSelf))
         return 0.0;
-    AcDbDatabase* pDb = pChain->databaseToUse();
-    const AcDbAnnotationScale* pScale = pDb ? pDb->cannoscale() : nullptr;
-    double dScale = 1.0;
-    if (!pScale || pScale->getScale(dScale) != Acad::eOk || dScale == 0.0)
-        return 1.0;
-    return dScale;
+    return GetCurAnnotationScale(pChain->databaseToUse());
 }
 
 // A global switch combined with the chain's status: 0 follows the switch,
