@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <cwctype>
+#include <string>
 
 #include "host/db/AcDbEntity.h"
 #include "host/gi/AcGiTextStyle.h"
 #include "host/gi/AcGiWorldDraw.h"
 #include "host/rx/acutPrintf.h"
 #include "options/GlobDimOptions.h"
+#include "options/Maps.h"
 #include "options/ParamTable.h"
 #include "proxy/SVbasic.h"
 #include "proxy/Util.h"
@@ -73,6 +76,51 @@ AcGeVector3d TextDirection(const SVdim& chain)
     return vDir.normal();
 }
 
+bool IsTrueTypeStyle(const AcGiTextStyle& style)
+{
+    std::wstring typeface;
+    bool bBold = false, bItalic = false;
+    int iCharset = 0, iPitch = 0;
+    if (style.font(typeface, bBold, bItalic, iCharset, iPitch) == Acad::eOk && !typeface.empty())
+        return true;
+    std::wstring file = style.fileName();
+    const size_t dot = file.rfind(L'.');
+    if (dot == std::wstring::npos)
+        return false;
+    std::wstring ext = file.substr(dot + 1);
+    for (wchar_t& c : ext)
+        c = static_cast<wchar_t>(std::towlower(c));
+    return ext == L"ttf" || ext == L"ttc" || ext == L"otf";
+}
+
+// The colour of the chain's texts: the linear chains' height-to-colour map
+// (a TrueType style has a row of its own), whatever mode the panel shows.
+// A height the map does not know keeps the entity's colour.
+int TextColor(const SVdim& chain, const AcGiTextStyle& style)
+{
+    if (!pGlobDimOptions)
+        return chain.colorIndex();
+    const double dHeight = IsTrueTypeStyle(style) ? 0.0 : chain.arrayDouble[SVdim::kDblTextHeight];
+    const int iOldMode = pGlobDimOptions->m_iMode;
+    pGlobDimOptions->m_iMode = kModeLinear;
+    const int iColor = GetColorOfTextHeight(dHeight);
+    pGlobDimOptions->m_iMode = iOldMode;
+    return iColor > 0 ? iColor : chain.colorIndex();
+}
+
+// Explode: what was made since nFrom takes the chain's layer and the colour.
+void TakeTraits(AcDbVoidPtrArray* pEnts, int nFrom, AcDbObjectId layerId, int iColor)
+{
+    if (!pEnts)
+        return;
+    for (int i = nFrom; i < pEnts->length(); ++i) {
+        auto* pEnt = static_cast<AcDbEntity*>((*pEnts)[i]);
+        if (!layerId.isNull())
+            pEnt->setLayer(layerId);
+        pEnt->setColorIndex(static_cast<Adesk::UInt16>(iColor));
+    }
+}
+
 void DrawBox(AcGiWorldDraw* pWd, AcDbVoidPtrArray* pEnts, const AcGePoint3dArray& corners)
 {
     if (corners.length() < 4)
@@ -105,7 +153,9 @@ void DrawTick(AcGiWorldDraw* pWd, AcDbVoidPtrArray* pEnts, const SVdim& chain, i
     const AcGeVector3d normal = chain.GetChainNormal();
     switch (iTick) {
     case kTickSlash: {
-        const AcGeVector3d vAcross = AcGeVector3d::kZAxis.crossProduct(vDir);
+        // Across in the chain's own plane; s turns it back on a mirrored
+        // chain, so that the slash reads the same way from above.
+        const AcGeVector3d vAcross = normal.crossProduct(vDir).normal();
         const AcGeVector3d vHalf = vDir * h + vAcross * (s * h);
         DrawLine(pWd, pEnts, ptDim - vHalf, ptDim + vHalf);
         break;
@@ -172,13 +222,8 @@ void SVdim::viewportDraw(AcGiViewportDraw*)
 Acad::ErrorStatus SVdim::explode(AcDbVoidPtrArray& entitySet) const
 {
     assertReadEnabled();
-    const int nBefore = entitySet.length();
+    // The pieces take the chain's layer and colours as they are made.
     drawDimension(this, nullptr, &entitySet);
-    const AcDbObjectId layerId = this->layerId();
-    if (!layerId.isNull()) {
-        for (int i = nBefore; i < entitySet.length(); ++i)
-            static_cast<AcDbEntity*>(entitySet[i])->setLayer(layerId);
-    }
     return Acad::eOk;
 }
 
@@ -201,6 +246,7 @@ int SVdim::drawDimension(const SVdim* pDim, AcGiWorldDraw* pWd, AcDbVoidPtrArray
     const int s = normal.z < 0.0 ? -1 : 1;
     const int iColor = chain.colorIndex();
     const AcGeVector3d vDir = chain.m_vectorDim.isZeroLength() ? AcGeVector3d::kXAxis : chain.m_vectorDim.normal();
+    const int nBefore = pEnts ? pEnts->length() : 0;
     SetMarker(pWd, 0);
 
     for (int i = 0; i < nExt; ++i) {
@@ -223,9 +269,11 @@ int SVdim::drawDimension(const SVdim* pDim, AcGiWorldDraw* pWd, AcDbVoidPtrArray
         if (i > 0) {
             AcGePoint3d ptFrom = chain.GetPointDim(i - 1);
             AcGePoint3d ptTo = ptDim;
+            // The overshoot runs outwards; a first or last segment of no
+            // length takes the sense of the dimension line.
             const AcGeVector3d vSeg = ptTo - ptFrom;
-            if (e != 0.0 && !vSeg.isZeroLength()) {
-                const AcGeVector3d vOver = vSeg.normal() * e;
+            if (e != 0.0 && (i == 1 || i == nExt - 1)) {
+                const AcGeVector3d vOver = (vSeg.isZeroLength() ? vDir : vSeg.normal()) * e;
                 if (i == 1)
                     ptFrom -= vOver;
                 if (i == nExt - 1)
@@ -237,17 +285,22 @@ int SVdim::drawDimension(const SVdim* pDim, AcGiWorldDraw* pWd, AcDbVoidPtrArray
             DrawTick(pWd, pEnts, chain, iTick, i, nExt, ptDim, vDir, t, s);
     }
 
+    // Made entities keep the look of the chain: its colour, not ByLayer.
+    TakeTraits(pEnts, nBefore, chain.layerId(), iColor);
+
     const BOOL bOldWipeOut = pGlobDimOptions->m_bWipeOut;
     pGlobDimOptions->m_bWipeOut = chain.IsWipeOut();
     DrawDimTexts(pDim, pWd, pEnts, true);
     pGlobDimOptions->m_bWipeOut = bOldWipeOut;
 
     if (OptInt(kOptIntShowInputPoints)) {
+        const int nCrosses = pEnts ? pEnts->length() : 0;
         for (int i = 0; i < nExt; ++i) {
             SetColor(pWd, iColor);
             SetMarker(pWd, 3 * i + 2);
             DrawCross(pWd, pEnts, chain.GetPointInput(i), t / 5.0, vDir, normal);
         }
+        TakeTraits(pEnts, nCrosses, chain.layerId(), iColor);
     }
     return 0;
 }
@@ -260,10 +313,9 @@ void SVdim::DrawDimTexts(const SVdim* pDim, AcGiWorldDraw* pWd, AcDbVoidPtrArray
     const int nExt = chain.GetExtensions();
     const int nBefore = pEnts ? pEnts->length() : 0;
     const double dHeight = TextHeight(chain);
-    // Text colour follows the entity until the height-to-colour map is wired in.
-    const int iTextColor = chain.colorIndex();
     AcGiTextStyle style;
     TextStyleToGi(style, chain.m_textStyleId);
+    const int iTextColor = TextColor(chain, style);
     const AcGeVector3d vDir = TextDirection(chain);
     const bool bIgnoreTolerance = OptInt(kOptIntIgnoreUserTextTolerance) != 0;
     const bool bLeaders = OptInt(kOptIntLeadersShow) != 0;
@@ -336,67 +388,6 @@ void SVdim::DrawDimTexts(const SVdim* pDim, AcGiWorldDraw* pWd, AcDbVoidPtrArray
                      chain.m_textStyleId, iTextColor);
     }
 
-    if (pEnts) {
-        const AcDbObjectId layerId = chain.layerId();
-        for (int i = nBefore; i < pEnts->length(); ++i) {
-            auto* pEnt = static_cast<AcDbEntity*>((*pEnts)[i]);
-            if (!layerId.isNull())
-                pEnt->setLayer(layerId);
-            pEnt->setColorIndex(static_cast<Adesk::UInt16>(iTextColor));
-        }
-    }
+    TakeTraits(pEnts, nBefore, chain.layerId(), iTextColor);
 }
 
-int SVdim::GetPointsTextUser(int iExt, AcGePoint3d& pt1, AcGePoint3d& pt2) const
-{
-    const bool bNearEdge = iExt == -1000;
-    if (bNearEdge)
-        iExt = 1;
-    if (iExt < 0 || iExt >= GetExtensions())
-        return 0;
-    const double dMargin = TextHeight(*this) / (m_dimType == kArc ? 5.0 : 3.0);
-    AcGePoint3dArray corners;
-    double dWidth = 0.0, dHeight = 0.0;
-    GetTextCorners(iExt, dMargin, corners, dWidth, dHeight);
-    if (corners.length() < 4)
-        return 0;
-    pt1 = bNearEdge ? corners[0] : corners[2];
-    pt2 = bNearEdge ? corners[1] : corners[3];
-    return 1;
-}
-
-bool SVdim::IsLeaderShown(int iExt) const
-{
-    if (!IsLeader(iExt))
-        return false;
-    const int iCode = std::abs(GetDimTextPos(iExt));
-    if (GetPointTextRef(iExt).distanceTo(GetTextAnchor(iExt, iCode)) < 0.0001)
-        return true;
-    return iCode <= 13 && ((9362 >> iCode) & 1) != 0;
-}
-
-int SVdim::GetLeaderPoints(int iExt, AcGePoint3dArray& points) const
-{
-    points.setLogicalLength(0);
-    if (iExt < 1 || iExt >= GetExtensions())
-        return 0;
-    AcGePoint3dArray box;
-    double dWidth = 0.0, dHeight = 0.0;
-    GetTextCorners(iExt, TextHeight(*this) / 5.0, box, dWidth, dHeight);
-    if (box.length() < 4)
-        return 0;
-    const AcGePoint3d ptMid = GetPointDim(iExt - 1) + (GetPointDim(iExt) - GetPointDim(iExt - 1)) / 2.0;
-    const AcGeVector3d vLine = m_vectorDim.isZeroLength() ? AcGeVector3d::kXAxis : m_vectorDim.normal();
-    const AcGeVector3d vAcross = GetChainNormal().crossProduct(vLine).normal();
-    const AcGePoint3d ptLeftMid = box[0] + (box[3] - box[0]) / 2.0;
-    const AcGePoint3d ptRightMid = box[1] + (box[2] - box[1]) / 2.0;
-    const AcGePoint3d ptSide = ptMid.distanceTo(ptLeftMid) <= ptMid.distanceTo(ptRightMid) ? ptLeftMid : ptRightMid;
-    points.append(ptMid);
-    // Straight up from the dimension line to the height of the side's
-    // middle, then along to it; a text straight above needs one line.
-    const AcGePoint3d ptElbow = ptMid + vAcross * (ptSide - ptMid).dotProduct(vAcross);
-    if (ptElbow.distanceTo(ptSide) > 0.1 * TextHeight(*this))
-        points.append(ptElbow);
-    points.append(ptSide);
-    return points.length();
-}

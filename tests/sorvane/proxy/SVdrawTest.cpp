@@ -1,6 +1,7 @@
 // Chain drawing through a recording world draw: markers, extension and
 // dimension lines with their overshoots, every tick, the sum box, the
-// wipeout, explode, and one picture of all ticks for a person to look at.
+// wipeout, explode, leaders, text colours, and one picture of all ticks for
+// a person to look at.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -8,6 +9,8 @@
 #include <memory>
 #include <vector>
 
+#include "host/db/AcDbDatabase.h"
+#include "host/db/AcDbTextStyleTable.h"
 #include "host/db/AcDbText.h"
 #include "host/gi/GiRecordingDraw.h"
 #include "host/gi/GiRenderer.h"
@@ -184,15 +187,19 @@ TEST_F(Drawing, EachTickType)
             }
         }
     }
-    // The slash: half the tick size each way, at 45 degrees.
-    auto chain = Build({0, 2, 5}, 1);
-    const GiDisplayList list = Draw(*chain);
-        const auto prims = WithMarker(list, 6);
-    bool bSlash = false;
-    for (const GiPrimitive* p : prims)
-        bSlash |= p->points.size() == 2 && p->points[0].isEqualTo(AcGePoint3d(2 - kTick / 2, 2 - kTick / 2, 0)) &&
-                  p->points[1].isEqualTo(AcGePoint3d(2 + kTick / 2, 2 + kTick / 2, 0));
-    EXPECT_TRUE(bSlash);
+    // The slash: half the tick size each way at 45 degrees, leaning the same
+    // way seen from above whether the chain is mirrored or not.
+    for (bool bMirrored : {false, true}) {
+        auto chain = Build({0, 2, 5}, 1);
+        if (bMirrored)
+            chain->m_yAxis = -chain->m_yAxis;  // normal (0,0,-1)
+        const GiDisplayList list = Draw(*chain);
+        int nSlashes = 0;
+        for (const GiPrimitive* p : WithMarker(list, 6))
+            nSlashes += p->points.size() == 2 && p->points[0].isEqualTo(AcGePoint3d(2 - kTick / 2, 2 - kTick / 2, 0)) &&
+                        p->points[1].isEqualTo(AcGePoint3d(2 + kTick / 2, 2 + kTick / 2, 0));
+        EXPECT_EQ(nSlashes, 1) << bMirrored;
+    }
 }
 
 TEST_F(Drawing, ArrowsDropTheOvershootFromThereOn)
@@ -260,13 +267,17 @@ TEST_F(Drawing, ExplodeLeavesOutTheSumAndKeepsInputCrosses)
 {
     auto chain = Build({0, 2, 5});
     chain->arrayInt[SVdim::kIntSumStatus] = 1;
+    chain->setColorIndex(1);
     auto explode = [&] {
         AcDbVoidPtrArray set;
         EXPECT_EQ(chain->explode(set), Acad::eOk);
         int texts = 0;
         for (int i = 0; i < set.length(); ++i) {
             auto* p = static_cast<AcDbEntity*>(set[i]);
-            texts += AcDbText::cast(p) != nullptr;
+            const bool bText = AcDbText::cast(p) != nullptr;
+            texts += bText;
+            // Texts in the map's colour for height 50, the rest in the chain's.
+            EXPECT_EQ(p->colorIndex(), bText ? 4 : 1) << i;
             delete p;
         }
         return std::pair<int, int>(set.length(), texts);
@@ -283,9 +294,14 @@ TEST_F(Drawing, ExplodeLeavesOutTheSumAndKeepsInputCrosses)
 TEST_F(Drawing, PictureOfEveryTick)
 {
     std::vector<GiDisplayList> lists;
+    m_options.arrayOptInt.SetAtGrow(9, 1);  // LeadersShow
     for (int tick = 0; tick <= 5; ++tick) {
         auto chain = Build({0, 1.5, 4, 4.8, 7}, tick, -3.0 * tick);
         chain->arrayInt[SVdim::kIntSumStatus] = 1;
+        // The short segment's text stands up and aside, on a leader.
+        chain->SetLeader(3, TRUE);
+        chain->SetDimTextPos(3, 4);
+        chain->SetPointText(3, chain->GetPointTextRef(3) + AcGeVector3d(0.8, 0.6, 0));
         lists.push_back(Draw(*chain));
     }
     std::vector<const GiDisplayList*> ptrs;
@@ -297,6 +313,134 @@ TEST_F(Drawing, PictureOfEveryTick)
     EXPECT_TRUE(giRenderToFile(ptrs, options, "build/chain-ticks.svg", &error)) << error;
     options.format = GiOutputFormat::kPng;
     EXPECT_TRUE(giRenderToFile(ptrs, options, "build/chain-ticks.png", &error)) << error;
+}
+
+// Text colours come from the linear chains' height map; lines keep the entity's.
+TEST_F(Drawing, TextColourFollowsTheHeightMap)
+{
+    AcDbDatabase db(true, true);
+    AcDbTextStyleTable* table = nullptr;
+    ASSERT_EQ(db.getTextStyleTable(table, AcDb::kForWrite), Acad::eOk);
+    auto* rec = new AcDbTextStyleTableRecord();
+    rec->setName(L"Plan");
+    rec->setFileName(L"arial.ttf");
+    AcDbObjectId trueTypeId;
+    ASSERT_EQ(table->add(trueTypeId, rec), Acad::eOk);
+    rec->close();
+    table->close();
+
+    struct Case { const char* name; double height; bool trueType; int mode; int text; };
+    const Case cases[] = {
+        {"height 50", 50, false, kModeLinear, 4},
+        {"height 35", 35, false, kModeLinear, 3},
+        {"unknown height keeps the entity's", 36, false, kModeLinear, 1},
+        {"TrueType row", 50, true, kModeLinear, 7},
+        {"panel in another mode", 50, false, kModeSectionHeight, 4},
+    };
+    for (const Case& c : cases) {
+        auto chain = Build({0, 2, 5});
+        chain->setColorIndex(1);
+        chain->arrayDouble[SVdim::kDblTextHeight] = c.height;
+        if (c.trueType)
+            chain->m_textStyleId = trueTypeId;
+        m_options.m_iMode = c.mode;
+        const GiDisplayList list = Draw(*chain);
+        EXPECT_EQ(m_options.m_iMode, c.mode) << c.name;  // restored
+        int nTexts = 0;
+        for (const GiPrimitive& p : list.primitives) {
+            if (p.kind != GiPrimitiveKind::kText)
+                continue;
+            ++nTexts;
+            EXPECT_EQ(p.traits.color.colorIndex(), c.text) << c.name;
+        }
+        EXPECT_EQ(nTexts, 2) << c.name;
+        const GiPrimitive* line = HorizontalLine(WithMarker(list, 6), 2.0);
+        ASSERT_NE(line, nullptr);
+        EXPECT_EQ(line->traits.color.colorIndex(), 1) << c.name;
+    }
+    m_options.m_iMode = kModeLinear;
+}
+
+// Which texts get a leader: the bit, the global switch, and where the text stands.
+TEST_F(Drawing, LeaderShownByBitSwitchAndPlace)
+{
+    struct Case { const char* name; bool bit; bool show; int code; bool moved; bool drawn; };
+    const Case cases[] = {
+        {"at its anchor", true, true, 8, false, true},
+        {"moved, middle row", true, true, 8, true, false},
+        {"moved, upper row", true, true, 4, true, true},
+        {"moved, upper row 13", true, true, 13, true, true},
+        {"moved, code 5", true, true, 5, true, false},
+        {"no bit", false, true, 4, true, false},
+        {"switch off", true, false, 4, true, false},
+    };
+    for (const Case& c : cases) {
+        auto chain = Build({0, 4, 8});
+        chain->SetLeader(1, c.bit);
+        chain->SetDimTextPos(1, c.code);
+        chain->CenterPointText(1);
+        if (c.moved)
+            chain->SetPointText(1, chain->GetPointTextRef(1) + AcGeVector3d(0.3, 3, 0));
+        m_options.arrayOptInt.SetAtGrow(9, c.show ? 1 : 0);  // LeadersShow
+        EXPECT_EQ(chain->IsLeaderShown(1), c.bit && (c.drawn || !c.show)) << c.name;
+        const GiDisplayList list = Draw(*chain);
+        const int nLines = Count(WithMarker(list, 4), GiPrimitiveKind::kPolyline);
+        EXPECT_EQ(nLines > 0, c.drawn) << c.name;
+        // The other segment never gets one.
+        EXPECT_EQ(Count(WithMarker(list, 7), GiPrimitiveKind::kPolyline), 0) << c.name;
+    }
+    EXPECT_FALSE(Build({0, 4})->IsLeaderShown(5));
+}
+
+// The leader's path from the middle of the segment (2, 2) to a text moved by (dx, dy).
+TEST_F(Drawing, LeaderPathToTheText)
+{
+    enum class Ends { kLowerEdge, kUpperEdge, kLeftSide, kRightSide };
+    struct Case { const char* name; double dx, dy; int points; Ends end; };
+    const Case cases[] = {
+        {"straight above", 0, 3, 2, Ends::kLowerEdge},
+        {"straight below", 0, -5, 2, Ends::kUpperEdge},
+        {"above, to the right", 5, 3, 3, Ends::kLeftSide},
+        {"above, to the left", -6, 3, 3, Ends::kRightSide},
+        {"level, to the right", 5, 0, 2, Ends::kLeftSide},
+    };
+    const AcGePoint3d ptMid(2, 2, 0);
+    for (const Case& c : cases) {
+        auto chain = Build({0, 4, 8});
+        chain->SetPointText(1, chain->GetPointTextRef(1) + AcGeVector3d(c.dx, c.dy, 0));
+        if (c.dy == 0) {  // the middle of the text on the dimension line
+            AcGePoint3dArray box;
+            double w = 0, h = 0;
+            chain->GetTextCorners(1, 0.0, box, w, h);
+            chain->SetPointText(1, chain->GetPointTextRef(1) - AcGeVector3d(0, (box[0].y + box[3].y) / 2 - 2, 0));
+        }
+        AcGePoint3dArray box, leader;
+        double w = 0, h = 0;
+        chain->GetTextCorners(1, kText / 5, box, w, h);
+        ASSERT_EQ(chain->GetLeaderPoints(1, leader), c.points) << c.name;
+        ASSERT_EQ(leader.length(), c.points) << c.name;
+        EXPECT_TRUE(leader[0].isEqualTo(ptMid)) << c.name;
+        const AcGePoint3d& last = leader[c.points - 1];
+        const double yMid = (box[0].y + box[3].y) / 2;
+        switch (c.end) {
+        case Ends::kLowerEdge:
+        case Ends::kUpperEdge:
+            EXPECT_NEAR(last.x, 2, kTol) << c.name;
+            EXPECT_NEAR(last.y, c.end == Ends::kLowerEdge ? box[0].y : box[3].y, kTol) << c.name;
+            break;
+        case Ends::kLeftSide:
+        case Ends::kRightSide:
+            EXPECT_NEAR(last.x, c.end == Ends::kLeftSide ? box[0].x : box[1].x, kTol) << c.name;
+            EXPECT_NEAR(last.y, yMid, kTol) << c.name;
+            break;
+        }
+        if (c.points == 3) {  // the elbow: straight up, level with the text's middle
+            EXPECT_NEAR(leader[1].x, 2, kTol) << c.name;
+            EXPECT_NEAR(leader[1].y, yMid, kTol) << c.name;
+        }
+    }
+    AcGePoint3dArray none;
+    EXPECT_EQ(Build({0, 4})->GetLeaderPoints(0, none), 0);
 }
 
 } // namespace
