@@ -19,12 +19,16 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbBlockTableRecord, AcDbSymbolTableRecord, 0, 0, 0, BL
 
 namespace {
 
-std::wstring upper(const std::wstring& s)
+// Whether s begins with prefix (upper case) in any case; asked for every entity written, so
+// it makes no copy.
+bool startsWithNoCase(const std::wstring& s, std::wstring_view prefix)
 {
-    std::wstring u = s;
-    for (auto& c : u)
-        c = static_cast<wchar_t>(svwin::ToUpperChar(c));
-    return u;
+    if (s.size() < prefix.size())
+        return false;
+    for (std::size_t i = 0; i < prefix.size(); ++i)
+        if (static_cast<wchar_t>(svwin::ToUpperChar(s[i])) != prefix[i])
+            return false;
+    return true;
 }
 
 }  // namespace
@@ -140,8 +144,11 @@ bool AcDbBlockTableRecord::isFromOverlayReference() const { return (m_flags & 8)
 AcDbDatabase* AcDbBlockTableRecord::xrefDatabase(bool) const { return nullptr; }
 int AcDbBlockTableRecord::blockFlags() const { return m_flags; }
 void AcDbBlockTableRecord::setBlockFlags(int flags) { m_flags = flags; }
-bool AcDbBlockTableRecord::isModelSpace() const { return upper(name()) == L"*MODEL_SPACE"; }
-bool AcDbBlockTableRecord::isPaperSpace() const { return upper(name()).rfind(L"*PAPER_SPACE", 0) == 0; }
+bool AcDbBlockTableRecord::isModelSpace() const
+{
+    return name().size() == 12 && startsWithNoCase(name(), L"*MODEL_SPACE");
+}
+bool AcDbBlockTableRecord::isPaperSpace() const { return startsWithNoCase(name(), L"*PAPER_SPACE"); }
 
 void AcDbBlockTableRecord::getOwnedIds(AcDbObjectIdArray& owned) const
 {

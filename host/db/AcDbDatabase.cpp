@@ -26,20 +26,17 @@ AcDbFileIo* gFileIo = nullptr;
 
 AcDbStub* AcDbDatabase::Impl::stubFor(AcDbHandle handle, bool create)
 {
-    const auto it = byHandle.find(handle.value());
-    if (it != byHandle.end())
-        return it->second;
+    if (AcDbStub* found = byHandle.find(handle.value()))
+        return found;
     if (!create)
         return nullptr;
-    auto stub = std::make_unique<AcDbStub>();
-    stub->database = db;
-    stub->handle = handle;
-    AcDbStub* raw = stub.get();
-    stubs.push_back(std::move(stub));
-    byHandle.emplace(handle.value(), raw);
+    AcDbStub& stub = stubs.emplace_back();
+    stub.database = db;
+    stub.handle = handle;
+    byHandle.insert(handle.value(), &stub);
     if (handle.value() >= seed)
         seed = handle.value() + 1;
-    return raw;
+    return &stub;
 }
 
 AcDbObjectId AcDbDatabase::Impl::add(AcDbObject* obj, AcDbHandle handle)
@@ -105,10 +102,10 @@ AcDbDatabase::~AcDbDatabase()
     if (acdbHostApplicationServices()->workingDatabase() == this)
         acdbHostApplicationServices()->setWorkingDatabase(nullptr);
     m_undo.reset();
-    for (auto& stub : m_impl->stubs) {
-        delete stub->object;
-        stub->object = nullptr;
-        stub->removed = true;
+    for (AcDbStub& stub : m_impl->stubs) {
+        delete stub.object;
+        stub.object = nullptr;
+        stub.removed = true;
     }
 }
 
@@ -144,8 +141,8 @@ void AcDbDatabase::swapContents(AcDbDatabase& other)
     for (AcDbDatabase* db : {this, &other}) {
         db->m_impl->db = db;
         db->m_undo->setDatabase(db);
-        for (auto& stub : db->m_impl->stubs)
-            stub->database = db;
+        for (AcDbStub& stub : db->m_impl->stubs)
+            stub.database = db;
     }
 }
 
@@ -180,7 +177,7 @@ Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& retId, bool create
 AcDbHandle AcDbDatabase::allocateHandle()
 {
     AcDbHandle h(m_impl->seed);
-    while (m_impl->byHandle.count(h.value()))
+    while (m_impl->byHandle.contains(h.value()))
         h = AcDbHandle(h.value() + 1);
     m_impl->seed = h.value() + 1;
     return h;
@@ -195,20 +192,27 @@ Acad::ErrorStatus AcDbDatabase::setHandseed(const AcDbHandle& seed)
 {
     if (seed.value() < 0x10)
         return Acad::eInvalidInput;
-    for (const auto& [h, stub] : m_impl->byHandle)
-        if (h >= seed.value() && stub->object && !stub->removed)
-            return Acad::eInvalidInput;
+    bool inUse = false;
+    m_impl->byHandle.forEach([&](std::uint64_t h, const AcDbStub* stub) {
+        inUse = inUse || (h >= seed.value() && stub->object && !stub->removed);
+    });
+    if (inUse)
+        return Acad::eInvalidInput;
     m_impl->seed = seed.value();
     return Acad::eOk;
 }
 
 AcDbObjectIdArray AcDbDatabase::objectIds() const
 {
+    // The index holds every stub that is not removed for good, mostly in handle order already.
     std::vector<AcDbStub*> live;
-    for (const auto& stub : m_impl->stubs)
+    live.reserve(m_impl->byHandle.size());
+    m_impl->byHandle.forEach([&](std::uint64_t, AcDbStub* stub) {
         if (stub->object && !stub->removed)
-            live.push_back(stub.get());
-    std::sort(live.begin(), live.end(), [](const AcDbStub* a, const AcDbStub* b) { return a->handle < b->handle; });
+            live.push_back(stub);
+    });
+    if (!m_impl->byHandle.ordered())
+        std::sort(live.begin(), live.end(), [](const AcDbStub* a, const AcDbStub* b) { return a->handle < b->handle; });
     AcDbObjectIdArray ids;
     ids.setPhysicalLength(static_cast<int>(live.size()));
     for (AcDbStub* s : live)

@@ -3,9 +3,9 @@
 
 #include <deque>
 #include <memory>
-#include <unordered_map>
 
 #include "host/db/AcDbDatabase.h"
+#include "host/db/AcDbHandleIndex.h"
 #include "host/db/AcDbScale.h"
 #include "host/db/AcDbStub.h"
 
@@ -13,8 +13,9 @@ struct AcDbDatabase::Impl {
     explicit Impl(AcDbDatabase* owner) : db(owner) {}
 
     AcDbDatabase* db;
-    std::deque<std::unique_ptr<AcDbStub>> stubs;  // never shrinks: ids stay comparable
-    std::unordered_map<Adesk::UInt64, AcDbStub*> byHandle;
+    // Held by value (a deque keeps addresses on growth); never shrinks: ids stay comparable.
+    std::deque<AcDbStub> stubs;
+    AcDbHandleIndex byHandle;
     Adesk::UInt64 seed = 0x10;  // the next handle; one-digit handles are never given out
 
     AcDbObjectId blockTable, layerTable, textStyleTable, linetypeTable, viewTable, ucsTable,

@@ -4,6 +4,7 @@
 
 #include <cwchar>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "host/db/AcDbDatabase.h"
 #include "host/db/AcDbDwgFiler.h"
@@ -26,10 +27,46 @@ std::wstring fold(const std::wstring& name)
     return k;
 }
 
+// Names are looked up by view, so that a lookup (one per entity read, for its layer) makes
+// no string.
+struct NameHash {
+    using is_transparent = void;
+    std::size_t operator()(std::wstring_view s) const noexcept { return std::hash<std::wstring_view>()(s); }
+};
+
+// The folded form of a name, on the stack when it is short.
+class FoldedName {
+public:
+    explicit FoldedName(const ACHAR* name)
+    {
+        const std::size_t n = std::wcslen(name);
+        wchar_t* out = m_small;
+        if (n > kSmall) {
+            m_large.resize(n);
+            out = m_large.data();
+        }
+        for (std::size_t i = 0; i < n; ++i)
+            out[i] = static_cast<wchar_t>(svwin::ToUpperChar(name[i]));
+        m_view = std::wstring_view(out, n);
+    }
+    FoldedName(const FoldedName&) = delete;
+    FoldedName& operator=(const FoldedName&) = delete;
+    std::wstring_view view() const { return m_view; }
+
+private:
+    static constexpr std::size_t kSmall = 64;
+    wchar_t m_small[kSmall];
+    std::wstring m_large;
+    std::wstring_view m_view;
+};
+
 }  // namespace
 
 struct AcDbSymbolTable::Index {
-    std::unordered_map<std::wstring, AcDbObjectId> byName;
+    std::unordered_map<std::wstring, AcDbObjectId, NameHash, std::equal_to<>> byName;
+    // The same ids as m_records, for membership tests that don't walk a table of thousands of
+    // anonymous blocks.
+    std::unordered_set<AcDbObjectId> members;
 };
 
 AcDbSymbolTable::AcDbSymbolTable() : m_index(std::make_unique<Index>()) {}
@@ -46,7 +83,7 @@ Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& record
     recordId.setNull();
     if (!name)
         return Acad::eInvalidInput;
-    const auto it = m_index->byName.find(fold(name));
+    const auto it = m_index->byName.find(FoldedName(name).view());
     if (it != m_index->byName.end() && (getErased || !it->second.isErased())) {
         recordId = it->second;
         return Acad::eOk;
@@ -86,7 +123,7 @@ bool AcDbSymbolTable::has(const ACHAR* name) const
 
 bool AcDbSymbolTable::has(AcDbObjectId id) const
 {
-    return m_records.contains(id) && !id.isErased();
+    return m_index->members.contains(id) && !id.isErased();
 }
 
 int AcDbSymbolTable::numRecords(bool countErased) const
@@ -127,6 +164,7 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& recordId, AcDbSymbolTableRe
         return es;
     AcDbObjectAccess::setOwnerRaw(record, objectId());
     m_records.append(recordId);
+    m_index->members.insert(recordId);
     m_index->byName[fold(record->name())] = recordId;
     return Acad::eOk;
 }
@@ -137,7 +175,7 @@ Acad::ErrorStatus AcDbSymbolTable::addAsRead(AcDbObjectId recordId)
     const AcDbSymbolTableRecord* rec = peek.as<AcDbSymbolTableRecord>();
     if (!rec)
         return Acad::eWrongObjectType;
-    if (!m_records.contains(recordId))
+    if (m_index->members.insert(recordId).second)
         m_records.append(recordId);
     m_index->byName[fold(rec->name())] = recordId;
     AcDbObjectAccess::setOwnerRaw(peek.get(), objectId());
@@ -195,6 +233,7 @@ Acad::ErrorStatus AcDbSymbolTable::dwgInFields(AcDbDwgFiler* f)
     if (f->filerStatus() != Acad::eOk)
         return f->filerStatus();
     m_records = ids;
+    m_index->members = std::unordered_set<AcDbObjectId>(m_records.begin(), m_records.end());
     m_index->byName.clear();
     for (const AcDbObjectId& id : m_records) {
         AcDbPeek peek(id);

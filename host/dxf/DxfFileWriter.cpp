@@ -117,6 +117,8 @@ private:
         bool table = false;      // a symbol table or one of its records
         bool custom = false;     // carries a custom record after its groups
         bool dimension = false;  // may need a geometry block
+        bool raw = false;        // kept as read: its record holds its type and groups
+        bool polyline = false;   // a planar polyline, followed by its vertices
         int instances = 0;       // objects of exactly this class, counted by survey
     };
 
@@ -133,25 +135,26 @@ private:
             facts.custom = !facts.table && !dxfIsNativeType(facts.type) &&
                            !cls->isDerivedFrom(DxfRawEntity::desc()) && !cls->isDerivedFrom(DxfRawObject::desc());
             facts.dimension = cls->isDerivedFrom(AcDbDimension::desc());
+            facts.raw = cls->isDerivedFrom(DxfRawEntity::desc()) || cls->isDerivedFrom(DxfRawObject::desc());
+            facts.polyline = cls->isDerivedFrom(AcDb2dPolyline::desc());
             it = m_facts.emplace(cls, std::move(facts)).first;
         }
         return it->second;
     }
 
-    bool isCustom(const AcDbObject* object) { return factsOf(object->isA()).custom; }
+    // The kept record of an object read as it came; null for every other object. The class
+    // test is made once per class rather than twice per object.
+    const DxfRawRecord* rawOf(const AcDbObject* object, const ClassFacts& facts)
+    {
+        return facts.raw ? dxfRawRecordOf(object) : nullptr;
+    }
 
     std::wstring typeOf(const AcDbObject* object)
     {
-        if (const DxfRawRecord* raw = dxfRawRecordOf(object))
+        const ClassFacts& facts = factsOf(object->isA());
+        if (const DxfRawRecord* raw = rawOf(object, facts))
             return raw->dxfName;
-        return factsOf(object->isA()).type;
-    }
-
-    std::string typeUtf8Of(const AcDbObject* object)
-    {
-        if (const DxfRawRecord* raw = dxfRawRecordOf(object))
-            return dxfUtf8(raw->dxfName);
-        return factsOf(object->isA()).typeUtf8;
+        return facts.type;
     }
 
     // BLOCK and ENDBLK are entities of their own in the file; their handles come from the seed
@@ -185,7 +188,12 @@ private:
             if (!id.stub() || !id.stub()->object || id.isErased())
                 continue;
             const AcDbObject* object = id.stub()->object;
-            if (const DxfRawRecord* raw = dxfRawRecordOf(object)) {
+            const AcRxClass* cls = object->isA();
+            if (cls != lastClass) {
+                facts = &factsOf(cls);
+                lastClass = cls;
+            }
+            if (const DxfRawRecord* raw = rawOf(object, *facts)) {
                 DxfClassInfo info;
                 if (raw->hasClass)
                     info = raw->classInfo;
@@ -193,11 +201,6 @@ private:
                     continue;
                 count(info);
                 continue;
-            }
-            const AcRxClass* cls = object->isA();
-            if (cls != lastClass) {
-                facts = &factsOf(cls);
-                lastClass = cls;
             }
             ++facts->instances;
             if (facts->dimension)
@@ -266,13 +269,18 @@ private:
     // The object's own groups and its extended data, after its common part.
     void writeBody(AcDbObject* object)
     {
+        writeBody(object, factsOf(object->isA()));
+    }
+
+    void writeBody(AcDbObject* object, const ClassFacts& facts)
+    {
         m_filer.resetFilerStatus();
-        if (const DxfRawRecord* raw = dxfRawRecordOf(object)) {
+        if (const DxfRawRecord* raw = rawOf(object, facts)) {
             for (const DxfRawTag& tag : raw->tags)
                 m_out.writeString(tag.code, tag.value);
         } else {
             std::vector<std::uint8_t> graphics;
-            if (isCustom(object))
+            if (facts.custom)
                 if (AcDbEntity* entity = AcDbEntity::cast(object))
                     graphics = m_graphics.graphicsOf(entity);
             m_filer.setEntityGraphics(&graphics);
@@ -284,7 +292,7 @@ private:
             if (m_filer.filerStatus() != Acad::eOk)
                 fail(object, m_filer.error().empty() ? dxfUtf8(acadErrorStatusText(m_filer.filerStatus()))
                                                      : m_filer.error());
-            if (isCustom(object)) {
+            if (facts.custom) {
                 std::string error;
                 if (!dxfWriteCustomRecord(m_out, object, &m_db, error))
                     fail(object, error);
@@ -300,10 +308,14 @@ private:
         ReadAccess object(id);
         if (!object)
             return;
-        dxfWriteCommonPart(m_out, typeUtf8Of(object.get()), object.get(), handleCode);
-        writeBody(object.get());
-        if (const AcDb2dPolyline* polyline = AcDb2dPolyline::cast(object.get()))
-            writeVertices(polyline);
+        const ClassFacts& facts = factsOf(object->isA());
+        if (const DxfRawRecord* raw = rawOf(object.get(), facts))
+            dxfWriteCommonPart(m_out, dxfUtf8(raw->dxfName), object.get(), handleCode);
+        else
+            dxfWriteCommonPart(m_out, facts.typeUtf8, object.get(), handleCode);
+        writeBody(object.get(), facts);
+        if (facts.polyline)
+            writeVertices(static_cast<const AcDb2dPolyline*>(object.get()));
     }
 
     // A planar polyline's vertices and its SEQEND follow it as records of their own. They are

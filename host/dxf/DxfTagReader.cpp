@@ -142,7 +142,18 @@ std::string_view DxfTagReader::readLine(std::size_t lineNo)
     // breaks costs one bounded scan.
     const std::size_t window = rest < max + 2 ? rest : max + 2;
     const char* begin = d.data() + m_pos;
-    const char* lf = static_cast<const char*>(std::memchr(begin, '\n', window));
+    // One pass finds the LF and the first CR before it: lines are short, and two library
+    // scans per line cost more than the bytes themselves.
+    const char* lf = nullptr;
+    const char* cr = nullptr;
+    for (const char* p = begin; p != begin + window; ++p) {
+        if (*p == '\n') {
+            lf = p;
+            break;
+        }
+        if (*p == '\r' && !cr)
+            cr = p;
+    }
     std::size_t len;
     if (lf) {
         len = static_cast<std::size_t>(lf - begin);
@@ -154,8 +165,8 @@ std::string_view DxfTagReader::readLine(std::size_t lineNo)
     }
     std::size_t consumed = len + (lf ? 1 : 0);
     // CRLF, or a lone CR as files from old systems end their lines.
-    if (const void* cr = std::memchr(begin, '\r', len)) {
-        const auto at = static_cast<std::size_t>(static_cast<const char*>(cr) - begin);
+    if (cr) {
+        const auto at = static_cast<std::size_t>(cr - begin);
         if (at + 1 == len && lf) {
             len = at;
         } else {

@@ -100,6 +100,19 @@ bool dxfParseBinary(std::string_view text, std::vector<std::uint8_t>* out)
 
 std::size_t dxfFormatDouble(double value, char* buffer) noexcept
 {
+    // Whole numbers of up to four digits (coordinates, sizes, zeros) are the common case; their
+    // shortest form is the plain digits, which is cheaper to make than the general search.
+    // Beyond four digits the shortest form may be the exponent one (1e+05), so those take the
+    // general path. -0.0 keeps its sign there too.
+    if (value > -10000.0 && value < 10000.0 && !(value == 0.0 && std::signbit(value))) {
+        const int whole = static_cast<int>(value);
+        if (static_cast<double>(whole) == value) {
+            const std::size_t n = dxfFormatInt(whole, 0, buffer);
+            buffer[n] = '.';
+            buffer[n + 1] = '0';
+            return n + 2;
+        }
+    }
     char tmp[kDxfNumberBufferSize];
     const auto r = std::to_chars(tmp, tmp + sizeof tmp, value);
     const std::size_t n = static_cast<std::size_t>(r.ptr - tmp);

@@ -97,23 +97,37 @@ void DxfTagWriter::checkCode(int code, bool ok, const char* what) const
 
 void DxfTagWriter::put(int code, std::string_view value)
 {
-    // Most groups are short: the two lines go out in one append.
+    // Every group goes through here: the two lines are put together in one buffer and go out
+    // in one append, the usual three-digit code without a general number formatter.
+    const bool crlf = m_eol.size() == 2;
     char line[128];
-    std::size_t n = dxfFormatInt(code, 3, line);
-    std::memcpy(line + n, m_eol.data(), m_eol.size());
-    n += m_eol.size();
-    if (n + value.size() + m_eol.size() <= sizeof line) {
+    std::size_t n;
+    if (code >= 0 && code < 1000) {
+        line[0] = code >= 100 ? static_cast<char>('0' + code / 100) : ' ';
+        line[1] = code >= 10 ? static_cast<char>('0' + code / 10 % 10) : ' ';
+        line[2] = static_cast<char>('0' + code % 10);
+        n = 3;
+    } else {
+        n = dxfFormatInt(code, 3, line);
+    }
+    if (crlf)
+        line[n++] = '\r';
+    line[n++] = '\n';
+    if (n + value.size() + 2 <= sizeof line) {
         std::memcpy(line + n, value.data(), value.size());
         n += value.size();
-        std::memcpy(line + n, m_eol.data(), m_eol.size());
-        m_out.append(line, n + m_eol.size());
+        if (crlf)
+            line[n++] = '\r';
+        line[n++] = '\n';
+        m_out.append(line, n);
     } else {
         m_out.append(line, n);
         m_out.append(value);
         m_out.append(m_eol);
     }
     m_line += 2;
-    maybeFlush();
+    if (m_stream)
+        maybeFlush();
 }
 
 void DxfTagWriter::writeString(int code, std::string_view value)

@@ -185,3 +185,46 @@ TEST(DbTable, DimStyleDataGoesThroughTheHeader)
 }
 
 }  // namespace
+
+namespace {
+
+// Thousands of anonymous blocks (one per dimension) are usual: membership and lookups must
+// hold for every one of them, for long names and for names that differ only in case.
+TEST(DbTable, ManyRecordsAddedAsRead)
+{
+    AcDbDatabase db;
+    AcDbBlockTable* table = nullptr;
+    ASSERT_EQ(db.getBlockTable(table, AcDb::kForWrite), Acad::eOk);
+    const struct {
+        std::wstring name;
+        const wchar_t* lookup;
+    } cases[] = {
+        {L"*D1", L"*d1"},
+        {L"Fenster-" + std::wstring(80, L'a'), nullptr},  // longer than a short name
+        {L"Tür", L"TÜR"},
+    };
+    std::vector<AcDbObjectId> ids;
+    for (int i = 0; i < 3000; ++i) {
+        auto* record = new AcDbBlockTableRecord();
+        const std::wstring name = i < 3 ? cases[i].name : L"*D" + std::to_wstring(i + 2);
+        ASSERT_EQ(record->setName(name.c_str()), Acad::eOk);
+        AcDbObjectId id;
+        ASSERT_EQ(db.addAcDbObjectAsRead(id, record, db.allocateHandle()), Acad::eOk);
+        ASSERT_EQ(table->addAsRead(id), Acad::eOk);
+        ASSERT_EQ(table->addAsRead(id), Acad::eOk);  // a second time changes nothing
+        ids.push_back(id);
+    }
+    const int before = table->numRecords();
+    EXPECT_EQ(table->recordIds().length(), before);
+    for (int i = 0; i < 3; ++i) {
+        const std::wstring lookup = cases[i].lookup ? cases[i].lookup : cases[i].name;
+        AcDbObjectId found;
+        EXPECT_EQ(table->getAt(lookup.c_str(), found), Acad::eOk);
+        EXPECT_EQ(found, ids[i]);
+    }
+    EXPECT_TRUE(table->has(ids.back()));
+    EXPECT_FALSE(table->has(db.layerTableId()));
+    table->close();
+}
+
+}  // namespace

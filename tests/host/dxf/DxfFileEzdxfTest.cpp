@@ -46,7 +46,7 @@ class DxfFileEzdxf : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        if (!dxfHaveEzdxf())
+        if (!EzdxfAvailable())
             GTEST_SKIP() << "/usr/bin/python3 has no ezdxf";
         m_dir = dxfTestFolder("ezdxf");
     }
@@ -62,12 +62,12 @@ TEST_F(DxfFileEzdxf, OurDrawingPassesTheAuditAndReadsBackWithItsData)
 {
     auto db = dxfTestDrawing();
     const std::string file = saveTo(*db, path("ours.dxf"));
-    const std::string audit = dxfRunEzdxf("audit '" + file + "'");
+    const std::string audit = RunEzdxf("audit '" + file + "'");
     // No repairs: every dimension has its geometry block, so none is dropped.
     EXPECT_NE(audit.find("errors 0\nfixes 0\n"), std::string::npos) << audit;
     EXPECT_EQ(audit.find("msg "), std::string::npos) << audit;
 
-    const std::string dump = dxfRunEzdxf("dump '" + file + "'");
+    const std::string dump = RunEzdxf("dump '" + file + "'");
     const struct {
         const char* type;
         std::vector<const char*> fragments;
@@ -96,7 +96,7 @@ TEST_F(DxfFileEzdxf, OurDrawingPassesTheAuditAndReadsBackWithItsData)
 TEST_F(DxfFileEzdxf, EzdxfDrawingsComeInWithTheirData)
 {
     const std::string sample = path("sample.dxf");
-    dxfRunEzdxf("sample '" + sample + "'");
+    RunEzdxf("sample '" + sample + "'");
     auto db = loadFrom(sample);
 
     AcDbLayerTable* layers = nullptr;
@@ -110,9 +110,9 @@ TEST_F(DxfFileEzdxf, EzdxfDrawingsComeInWithTheirData)
     // Everything, written again by us, reads the same to ezdxf: entities by handle, layers,
     // styles and blocks by name.
     const std::string ours = saveTo(*db, path("sample-ours.dxf"));
-    const std::string compare = dxfRunEzdxf("compare '" + sample + "' '" + ours + "'");
+    const std::string compare = RunEzdxf("compare '" + sample + "' '" + ours + "'");
     EXPECT_EQ(compare.rfind("same ", 0), 0u) << compare;
-    const std::string audit = dxfRunEzdxf("audit '" + ours + "'");
+    const std::string audit = RunEzdxf("audit '" + ours + "'");
     EXPECT_NE(audit.find("errors 0\n"), std::string::npos) << audit;
 }
 
@@ -123,7 +123,7 @@ TEST_F(DxfFileEzdxf, CustomRecordSurvivesEzdxfLoadAndSave)
     const std::vector<std::uint8_t> before = dxfTestRecordOf(customId);
     const std::string ours = saveTo(*db, path("custom.dxf"));
     const std::string theirs = path("custom-ezdxf.dxf");
-    dxfRunEzdxf("resave '" + ours + "' '" + theirs + "'");
+    RunEzdxf("resave '" + ours + "' '" + theirs + "'");
     auto loaded = loadFrom(theirs);
     const AcDbObjectId id = dxfTestIdOf(*loaded, customId.handle().value());
     ASSERT_FALSE(id.isNull());
@@ -136,7 +136,7 @@ TEST_F(DxfFileEzdxf, ProxyGraphicsOfACustomEntityDecodeToWhatItDraws)
     AcDbObjectId customId;
     auto db = dxfTestDrawing(&customId);
     const std::string file = saveTo(*db, path("proxy.dxf"));
-    const std::string decoded = dxfRunEzdxf("proxy '" + file + "'");
+    const std::string decoded = RunEzdxf("proxy '" + file + "'");
     // The save picture: the line of every display and the circle drawn for proxies only, on
     // the entity's layer.
     EXPECT_NE(decoded.find("PROXY SV_TEST_RECORD "), std::string::npos) << decoded;
@@ -151,6 +151,6 @@ TEST_F(DxfFileEzdxf, ProxyGraphicsOfACustomEntityDecodeToWhatItDraws)
 
     // ezdxf keeps them through its own load and save.
     const std::string theirs = path("proxy-ezdxf.dxf");
-    dxfRunEzdxf("resave '" + file + "' '" + theirs + "'");
-    EXPECT_EQ(dxfRunEzdxf("proxy '" + theirs + "'"), decoded);
+    RunEzdxf("resave '" + file + "' '" + theirs + "'");
+    EXPECT_EQ(RunEzdxf("proxy '" + theirs + "'"), decoded);
 }

@@ -282,46 +282,6 @@ AcDbObjectId dxfTestIdOf(AcDbDatabase& db, std::uint64_t handle)
     return id;
 }
 
-namespace {
-
-std::string scriptPath()
-{
-    const char* source = std::getenv("SV_SOURCE_DIR");
-    if (!source)
-        return {};
-    return std::string(source) + "/tests/host/dxf/ezdxf/ezdxf_check.py";
-}
-
-}  // namespace
-
-bool dxfHaveEzdxf()
-{
-    static const bool have = [] {
-        if (scriptPath().empty() || !std::filesystem::exists("/usr/bin/python3"))
-            return false;
-        return std::system("/usr/bin/python3 -c 'import ezdxf' >/dev/null 2>&1") == 0;
-    }();
-    return have;
-}
-
-std::string dxfRunEzdxf(const std::string& arguments)
-{
-    const std::string command = "/usr/bin/python3 '" + scriptPath() + "' " + arguments + " 2>&1";
-    FILE* pipe = popen(command.c_str(), "r");
-    if (!pipe) {
-        ADD_FAILURE() << "cannot run " << command;
-        return {};
-    }
-    std::string output;
-    std::array<char, 4096> buffer;
-    std::size_t n;
-    while ((n = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0)
-        output.append(buffer.data(), n);
-    const int status = pclose(pipe);
-    EXPECT_EQ(status, 0) << command << "\n" << output;
-    return output;
-}
-
 std::string dxfTestFolder(const std::string& name)
 {
     const std::filesystem::path dir = std::filesystem::temp_directory_path() /

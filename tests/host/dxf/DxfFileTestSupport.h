@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/EzdxfRunner.h"
+
 // A custom entity whose record uses every filer primitive; its dxfOutFields is the bare base
 // form, as the module's entities are. It draws a line from p2 to p2 + (10, 0) and, for the
 // proxy graphics of a save, a circle of radius 2.5 around p2 as well.
@@ -62,10 +64,5 @@ std::vector<std::uint8_t> dxfTestRecordOf(AcDbObjectId id);
 // The id of the object with this handle, null if none.
 AcDbObjectId dxfTestIdOf(AcDbDatabase& db, std::uint64_t handle);
 
-// ezdxf through /usr/bin/python3; empty when it is not there (the tests then skip).
-bool dxfHaveEzdxf();
-// Runs tests/host/dxf/ezdxf/ezdxf_check.py with the arguments; its standard output. Fails the
-// test on a non-zero exit.
-std::string dxfRunEzdxf(const std::string& arguments);
 // A fresh scratch folder for files of one test.
 std::string dxfTestFolder(const std::string& name);
