@@ -1,41 +1,21 @@
 // `sorvane` as a user runs it: exit statuses, the messages on standard error (naming the
 // script line), the transcript, and the files it writes.
-#include <sys/wait.h>
+#include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "tests/support/ProgramRunner.h"
+
 namespace {
 
 namespace fs = std::filesystem;
 
-struct Result {
-    int status = -1;
-    std::string out;
-    std::string err;
-};
-
-std::string slurp(const fs::path& p)
-{
-    std::ifstream in(p, std::ios::binary);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-std::string quote(const std::string& s)
-{
-    std::string q = "'";
-    for (char c : s)
-        q += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return q + "'";
-}
+using Result = ProgramResult;
 
 class CliTest : public ::testing::Test {
 protected:
@@ -52,20 +32,7 @@ protected:
         fs::remove_all(m_dir, ec);
     }
 
-    Result sorvane(const std::vector<std::string>& args) const
-    {
-        std::string cmd = quote(SV_SORVANE_EXE);
-        for (const std::string& a : args)
-            cmd += " " + quote(a);
-        const fs::path out = m_dir / "stdout.txt", err = m_dir / "stderr.txt";
-        cmd += " >" + quote(out.string()) + " 2>" + quote(err.string()) + " </dev/null";
-        Result r;
-        const int raw = std::system(cmd.c_str());
-        r.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-        r.out = slurp(out);
-        r.err = slurp(err);
-        return r;
-    }
+    Result sorvane(const std::vector<std::string>& args) const { return RunProgram(SV_SORVANE_EXE, args, m_dir); }
 
     std::string file(const char* name, const std::string& content = std::string()) const
     {
@@ -126,8 +93,8 @@ TEST_F(CliTest, SavesExportsAndReopens)
                         pdf});
     ASSERT_EQ(r.status, 0) << r.err;
     EXPECT_NE(r.out.find("Command: CIRCLE"), std::string::npos);
-    EXPECT_NE(slurp(svg).find("<svg"), std::string::npos);
-    EXPECT_EQ(slurp(pdf).rfind("%PDF", 0), 0u);
+    EXPECT_NE(ReadWholeFile(svg).find("<svg"), std::string::npos);
+    EXPECT_EQ(ReadWholeFile(pdf).rfind("%PDF", 0), 0u);
 
     r = sorvane({dxf, "--quiet", "-c", "ERASE\\nALL\\n\\n", "-o", dxf});
     ASSERT_EQ(r.status, 0) << r.err;

@@ -1,13 +1,10 @@
 // The built module as the host loads it: the `sorvane` program finds
 // sorvane.so beside itself, starts it, runs scripts against its commands and
 // shuts it down at the end of the session.
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -15,23 +12,11 @@
 
 #include "app/CommandTable.h"
 #include "host/mfc/CString.h"
+#include "tests/support/ProgramRunner.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Result {
-    int status = -1;
-    std::string out, err;
-};
-
-std::string Slurp(const fs::path& p)
-{
-    std::ifstream in(p, std::ios::binary);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
 
 size_t Count(const std::string& text, const std::string& what)
 {
@@ -55,21 +40,14 @@ protected:
         std::error_code ec;
         fs::remove_all(m_dir, ec);
     }
-    // Runs `sorvane -c lines` with the user data folder in the test's folder.
-    Result Run(const std::string& lines) const
+    // Runs the script lines with the user data folder in the test's folder.
+    ProgramResult Run(const std::string& lines) const
     {
-        const fs::path script = m_dir / "run.scr", out = m_dir / "out.txt", err = m_dir / "err.txt";
+        const fs::path script = m_dir / "run.scr";
         std::ofstream(script, std::ios::binary) << lines;
-        const std::string cmd = "XDG_CONFIG_HOME='" + m_dir.string() + "' '" + SV_SORVANE_EXE + "' -s '" +
-                                script.string() + "' >'" + out.string() + "' 2>'" + err.string() + "' </dev/null";
-        Result r;
-        const int raw = std::system(cmd.c_str());
-        r.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-        r.out = Slurp(out);
-        r.err = Slurp(err);
-        return r;
+        return RunProgram(SV_SORVANE_EXE, {"-s", script.string()}, m_dir, {{"XDG_CONFIG_HOME", m_dir.string()}});
     }
-    std::string Ini() const { return Slurp(m_dir / "halvorne" / "sorvane" / "Sorvane.ini"); }
+    std::string Ini() const { return ReadWholeFile(m_dir / "halvorne" / "sorvane" / "Sorvane.ini"); }
 
     fs::path m_dir;
 };
@@ -91,7 +69,7 @@ TEST_F(ModuleRunTest, EveryCommandIsFoundByItsGlobalAndLocalName)
         const std::string esc = isPlacement(global) ? "@@esc\n" : "";
         script += global + "\n" + esc + local + "\n" + esc;
     }
-    const Result r = Run(script);
+    const ProgramResult r = Run(script);
     EXPECT_EQ(r.status, 0) << r.out << r.err;
     EXPECT_EQ(r.err, "");
     // The one line with stars says MATCHPROP is not there yet; no error line.
@@ -111,7 +89,7 @@ TEST_F(ModuleRunTest, EveryCommandIsFoundByItsGlobalAndLocalName)
 
 TEST_F(ModuleRunTest, MatchPropAttachesTheExtensionWhenItsProviderLoads)
 {
-    const Result r = Run("LINE\n0,0\n1,0\n\nLINE\n0,1\n1,1\n\nMATCHPROP\n@@click 0.5,0\n@@click 0.5,1\n\n");
+    const ProgramResult r = Run("LINE\n0,0\n1,0\n\nLINE\n0,1\n1,1\n\nMATCHPROP\n@@click 0.5,0\n@@click 0.5,1\n\n");
     EXPECT_EQ(r.status, 0) << r.out << r.err;
     EXPECT_EQ(Count(r.out, "**MatchProperties is now available."), 1u) << r.out;
     EXPECT_EQ(r.out.find("ANY "), std::string::npos) << r.out;

@@ -91,6 +91,8 @@ TEST_F(LoadOptionsTest, DimParamDecidesWhichFileHoldsAKey)
         Put(m_strIni, L"MainOptions", L"Measure", L"mm");
         if (row.bDimParam)
             WriteParamDescriptions();
+        else
+            strLanguageFile = Path("nolang/sorvane049.lng");  // a folder without DimParam.ini
         Forget();
 
         CGlobDimOptions options;
