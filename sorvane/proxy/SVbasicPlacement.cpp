@@ -16,6 +16,8 @@ namespace {
 
 // General option: new texts are placed automatically.
 constexpr int kOptIntAutoPosition = 11;
+// Where a linear chain's sum stands: outside right, in the row of the values.
+constexpr int kSumCode = 14;
 
 double TextHeight(const SVdim& chain)
 {
@@ -114,15 +116,20 @@ AcGePoint3d SVdim::GetTextAnchor(int iExt, int iPos) const
         // then the chord's middle stands in for it.
         ptAnchor = iExt >= nExt ? GetPointDim(nExt - 1)
                                 : GetPointDim(iExt - 1) + (GetPointDim(iExt) - GetPointDim(iExt - 1)) / 2.0;
+    } else if (iExt >= nExt) {
+        // A linear chain's sum has no segment of its own: it stands beyond the
+        // last extension line, in the row of the values, clear of the last one.
+        ptAnchor = GetPointDim(nExt - 1);
     } else {
         ptAnchor = GetPointDim(iExt - 1) + (GetPointDim(iExt) - GetPointDim(iExt - 1)) / 2.0;
     }
 
-    const int iStored = GetDimTextPos(iExt);
-    const int iCode = iPos < 0 ? std::abs(iStored) : iPos;
-    if (iCode >= 1 && iCode <= 6)
+    const bool bLinearSum = m_dimType != kArc && iExt >= nExt;
+    const int iStored = bLinearSum ? kSumCode : GetDimTextPos(iExt);
+    const int iCode = bLinearSum ? kSumCode : (iPos < 0 ? std::abs(iStored) : iPos);
+    if (!bLinearSum && iCode >= 1 && iCode <= 6)
         ptAnchor = GetPointDim(iExt - 1);
-    else if (iCode >= 10 && iCode <= 15)
+    else if (!bLinearSum && iCode >= 10 && iCode <= 15)
         ptAnchor = GetPointDim(iExt);
 
     const double dGap = AdaptByTextHeight(7);
@@ -210,10 +217,14 @@ int SVdim::GetPointText(int iExt, AcGePoint3dArray& points, CStringArray& texts,
     int iCode = iPos;
     if (bNormal && iPos < 0)
         iCode = std::abs(GetDimTextPos(iExt));
+    // A linear chain's sum runs on from its anchor beyond the chain's end.
+    const bool bCoded = bNormal || (bSum && m_dimType != kArc);
+    if (!bNormal && bCoded)
+        iCode = kSumCode;
     AcGePoint3d ptStart = ptBase;
-    if (bNormal && EndsAtAnchor(iCode))
+    if (bCoded && EndsAtAnchor(iCode))
         ptStart -= vHalf * 2.0;
-    else if (!(bNormal && StartsAtAnchor(iCode)))
+    else if (!(bCoded && StartsAtAnchor(iCode)))
         ptStart -= vHalf;
     points.append(ptStart);
 

@@ -243,3 +243,33 @@ TEST_F(Placement, CircleChainValueStandsBesideItsFirstPoint)
 }
 
 }  // namespace
+
+namespace {
+
+// A linear chain's sum stands beyond its last extension line, clear of the
+// last value, however short the last segment is.
+TEST_F(Placement, SumStandsBeyondTheChainsEnd)
+{
+    m_options.arrayOptInt[7] = 1;  // ShowSumOfDim
+    const double w = TextWidth();
+    for (double dLast : {0.3, 1.0, 3.0}) {
+        SCOPED_TRACE(dLast);
+        auto pChain = Build({0, 2 * w, 2 * w + dLast * w}, 1.0);
+        SVdim& chain = *pChain;
+        chain.AdjustTexts('C');
+        const int n = chain.GetExtensions();
+        const double dMargin = chain.ToDrawing(chain.arrayDouble[SVdim::kDblTextHeight] / 10.0) / 5.0;
+        AcGePoint3dArray sum, last;
+        double dWidth = 0.0, dHeight = 0.0;
+        ASSERT_NE(chain.GetTextCorners(n, dMargin, sum, dWidth, dHeight), 0);
+        ASSERT_NE(chain.GetTextCorners(n - 1, dMargin, last, dWidth, dHeight), 0);
+        const AcGePoint3d ptEnd = chain.GetPointDim(n - 1);
+        for (int k = 0; k < 4; ++k)
+            EXPECT_GT((sum[k] - ptEnd).dotProduct(chain.m_vectorDim), 0.0) << k;
+        if (dLast >= 1.0) {
+            EXPECT_FALSE(SVdim::BoxesOverlap(sum, last));
+        }
+    }
+}
+
+}  // namespace
