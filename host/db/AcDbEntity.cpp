@@ -433,12 +433,21 @@ Acad::ErrorStatus AcDbEntity::dxfOutFields(AcDbDxfFiler* f) const
         if (btr && btr->isPaperSpace())
             f->writeInt16(acdbDxfCode(67), 1);
     }
-    const std::wstring layer = nameOf(m_layerId);
-    f->writeString(AcDb::kDxfLayerName, layer.empty() ? L"0" : layer.c_str());
+    {
+        // The names are written from the records themselves: every entity has a layer, and a
+        // copy per entity shows in the time a large drawing takes to save.
+        AcDbPeek layerPeek(m_layerId);
+        const AcDbSymbolTableRecord* layer = layerPeek.as<AcDbSymbolTableRecord>();
+        f->writeString(AcDb::kDxfLayerName, layer && !layer->name().empty() ? layer->name().c_str() : L"0");
+    }
     if (!m_linetypeId.isNull()) {
-        const std::wstring lt = nameOf(m_linetypeId);
-        if (!lt.empty() && lt != L"ByLayer" && lt != L"BYLAYER")
-            f->writeString(AcDb::kDxfLinetypeName, lt.c_str());
+        AcDbPeek ltPeek(m_linetypeId);
+        const AcDbSymbolTableRecord* rec = ltPeek.as<AcDbSymbolTableRecord>();
+        if (rec) {
+            const std::wstring& lt = rec->name();
+            if (!lt.empty() && lt != L"ByLayer" && lt != L"BYLAYER")
+                f->writeString(AcDb::kDxfLinetypeName, lt.c_str());
+        }
     }
     if (m_color.isByColor()) {
         f->writeInt16(AcDb::kDxfColor, m_color.colorIndex());

@@ -119,6 +119,7 @@ private:
         bool dimension = false;  // may need a geometry block
         bool raw = false;        // kept as read: its record holds its type and groups
         bool polyline = false;   // a planar polyline, followed by its vertices
+        bool entity = false;     // an entity, written in its block rather than in OBJECTS
         int instances = 0;       // objects of exactly this class, counted by survey
     };
 
@@ -137,6 +138,7 @@ private:
             facts.dimension = cls->isDerivedFrom(AcDbDimension::desc());
             facts.raw = cls->isDerivedFrom(DxfRawEntity::desc()) || cls->isDerivedFrom(DxfRawObject::desc());
             facts.polyline = cls->isDerivedFrom(AcDb2dPolyline::desc());
+            facts.entity = cls->isDerivedFrom(AcDbEntity::desc());
             it = m_facts.emplace(cls, std::move(facts)).first;
         }
         return it->second;
@@ -455,11 +457,18 @@ private:
         m_out.beginSection("OBJECTS");
         const AcDbObjectId root = m_db.namedObjectsDictionaryId();
         writeObject(root);
+        const AcRxClass* lastClass = nullptr;
+        const ClassFacts* facts = nullptr;
         for (const AcDbObjectId& id : m_ids) {
             if (id == root || !id.stub() || !id.stub()->object || id.isErased())
                 continue;
-            const AcDbObject* object = id.stub()->object;
-            if (AcDbEntity::cast(object) || factsOf(object->isA()).table)
+            // Runs of one class are common, as in survey().
+            const AcRxClass* cls = id.stub()->object->isA();
+            if (cls != lastClass) {
+                facts = &factsOf(cls);
+                lastClass = cls;
+            }
+            if (facts->entity || facts->table)
                 continue;
             writeObject(id);
         }

@@ -40,36 +40,10 @@ constexpr std::array<T, kDxfMaxGroupCode + 1> makeTable()
     return table;
 }
 
-constexpr auto kTable = makeTable();
-
 } // namespace
 
-bool dxfIsValidGroupCode(int code) noexcept
-{
-    return code >= kDxfMinGroupCode && code <= kDxfMaxGroupCode;
-}
-
-DxfValueType dxfValueType(int code) noexcept
-{
-    return dxfIsValidGroupCode(code) ? kTable[static_cast<std::size_t>(code)] : T::String;
-}
-
-bool dxfIsPointCode(int code) noexcept
-{
-    return (code >= 10 && code <= 18) || (code >= 110 && code <= 112) || code == 210
-        || (code >= 1010 && code <= 1013);
-}
-
-int dxfPointYCode(int xCode) noexcept
-{
-    return xCode + 10;
-}
-
-int dxfPointZCode(int xCode) noexcept
-{
-    // 38 is the elevation, not the z of code 18.
-    return xCode == 18 ? -1 : xCode + 20;
-}
+// Filled at compile time from the ranges above.
+constinit const std::array<DxfValueType, kDxfMaxGroupCode + 1> kDxfValueTypes = makeTable();
 
 const char* dxfValueTypeName(DxfValueType type) noexcept
 {

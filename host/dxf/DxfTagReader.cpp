@@ -27,6 +27,15 @@ std::string_view trimBlanks(std::string_view s) noexcept
     return s;
 }
 
+// A plain loop: find_first_not_of scans its set once per character.
+bool allDigits(std::string_view s) noexcept
+{
+    for (char c : s)
+        if (c < '0' || c > '9')
+            return false;
+    return true;
+}
+
 // True when the string needs decoding: bytes above 0x7F, or a backslash that may start \U+.
 bool needsDecoding(std::string_view s, bool escapes) noexcept
 {
@@ -205,25 +214,12 @@ bool DxfTagReader::readTag(DxfTag& tag)
         warn(m_line, "the file ends without 0/EOF");
         return false;
     }
-    const std::string_view codeText = trimBlanks(readLine(codeLine));
-    if (codeText.empty() && onlyBlanksRemain()) {
-        m_done = true;
-        warn(m_line, "the file ends without 0/EOF");
-        return false;
-    }
-    const bool negative = codeText.size() > 1 && codeText[0] == '-';
-    std::string_view digits = codeText.substr(negative ? 1 : 0);
-    if (digits.empty() || digits.find_first_not_of("0123456789") != std::string_view::npos)
-        throw expected(codeLine, "an integer group code", codeText);
-    while (digits.size() > 1 && digits.front() == '0')
-        digits.remove_prefix(1);
     int code = 0;
-    if (negative || digits.size() > 4)
-        throw expected(codeLine, "a group code from 0 to 1071", codeText);
-    for (char c : digits)
-        code = code * 10 + (c - '0');
-    if (!dxfIsValidGroupCode(code))
-        throw expected(codeLine, "a group code from 0 to 1071", codeText);
+    if (!readPlainCode(code, codeLine)) {
+        code = readCode(codeLine);
+        if (code < 0)
+            return false;  // only blanks were left
+    }
     if (m_pos >= m_data->size())
         throw error(codeLine + 1, "expected the value of group code " + std::to_string(code)
                                       + ", found the end of the file");
@@ -239,9 +235,64 @@ bool DxfTagReader::readTag(DxfTag& tag)
         m_done = true;
         m_sawEof = true;
     }
-    if (!m_options.encoding)
+    if (!m_options.encoding && (code == 9 || m_headerVar != 0))
         watchHeader(tag);
     return true;
+}
+
+bool DxfTagReader::readPlainCode(int& code, std::size_t lineNo)
+{
+    // Nearly every code line is blanks, one to four digits and the line end; anything else
+    // (and every error) goes the general way from the same place.
+    const std::string& d = *m_data;
+    const char* const begin = d.data() + m_pos;
+    const char* const end = d.data() + d.size();
+    const char* p = begin;
+    while (p != end && *p == ' ')
+        ++p;
+    int value = 0;
+    int digits = 0;
+    for (; p != end && *p >= '0' && *p <= '9' && digits < 4; ++p, ++digits)
+        value = value * 10 + (*p - '0');
+    if (digits == 0 || p == end || value > kDxfMaxGroupCode)
+        return false;
+    const auto len = static_cast<std::size_t>(p - begin);
+    if (*p == '\r')
+        ++p;
+    if (p == end || *p != '\n')
+        return false;
+    ++p;
+    const auto consumed = static_cast<std::size_t>(p - begin);
+    if (len > m_options.maxLineLength || m_firstNul < m_pos + consumed)
+        return false;
+    m_pos += consumed;
+    m_line = lineNo;
+    code = value;
+    return true;
+}
+
+int DxfTagReader::readCode(std::size_t codeLine)
+{
+    const std::string_view codeText = trimBlanks(readLine(codeLine));
+    if (codeText.empty() && onlyBlanksRemain()) {
+        m_done = true;
+        warn(m_line, "the file ends without 0/EOF");
+        return -1;
+    }
+    const bool negative = codeText.size() > 1 && codeText[0] == '-';
+    std::string_view digits = codeText.substr(negative ? 1 : 0);
+    if (digits.empty() || !allDigits(digits))
+        throw expected(codeLine, "an integer group code", codeText);
+    while (digits.size() > 1 && digits.front() == '0')
+        digits.remove_prefix(1);
+    int code = 0;
+    if (negative || digits.size() > 4)
+        throw expected(codeLine, "a group code from 0 to 1071", codeText);
+    for (char c : digits)
+        code = code * 10 + (c - '0');
+    if (!dxfIsValidGroupCode(code))
+        throw expected(codeLine, "a group code from 0 to 1071", codeText);
+    return code;
 }
 
 void DxfTagReader::checkValue(DxfTag& tag)

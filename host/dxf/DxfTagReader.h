@@ -63,6 +63,10 @@ public:
 
 private:
     bool readTag(DxfTag& tag);
+    // The common code line, read without the general checks; false leaves the position as it was.
+    bool readPlainCode(int& code, std::size_t lineNo);
+    // Any code line; -1 when only blanks remain (after the warning).
+    int readCode(std::size_t lineNo);
     std::string_view readLine(std::size_t lineNo);
     bool onlyBlanksRemain() const noexcept;
     void checkValue(DxfTag& tag);

@@ -29,6 +29,82 @@ bool stripPlus(std::string_view& s) noexcept
     return !s.empty();
 }
 
+// Powers of ten that doubles hold exactly.
+constexpr double kExactPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                   1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+// Most coordinates in files are short plain decimals ("10.0", "-2.25"). With at most 15
+// digits the digits form an exact double and so does the power of ten, so one division gives
+// the correctly rounded value, the same as the general parser's. Anything else (exponents,
+// long values, stray characters) returns false and goes to the general parser.
+bool parseShortDecimal(std::string_view text, double& out) noexcept
+{
+    const char* p = text.data();
+    const char* const end = p + text.size();
+    const bool negative = *p == '-';
+    if (negative)
+        ++p;
+    std::uint64_t digits = 0;
+    int count = 0;
+    int fraction = -1;  // digits after the point; -1 before it
+    for (; p != end; ++p) {
+        const char c = *p;
+        if (c >= '0' && c <= '9') {
+            if (++count > 15)
+                return false;
+            digits = digits * 10 + static_cast<std::uint64_t>(c - '0');
+            if (fraction >= 0)
+                ++fraction;
+        } else if (c == '.' && fraction < 0) {
+            fraction = 0;
+        } else {
+            return false;
+        }
+    }
+    if (count == 0)
+        return false;
+    double v = static_cast<double>(digits);
+    if (fraction > 0)
+        v /= kExactPowers[fraction];
+    out = negative ? -v : v;
+    return true;
+}
+
+// Values below 10000 with one or two decimals (2.25, 7.5, 0.05) are next most common. When
+// digits / 10^k is exactly the double (both exact, so the division rounds correctly, as a
+// reader's parse does), those digits are its shortest form: any other decimal of as few digits
+// lies at least 0.01 away, far beyond the rounding at this size. Returns 0 when that doesn't
+// hold, for the general path.
+std::size_t formatShortDecimal(double value, char* buffer) noexcept
+{
+    if (!(value > -10000.0 && value < 10000.0) || value == 0.0)  // -0.0 keeps its sign elsewhere
+        return 0;
+    for (int places = 1; places <= 2; ++places) {
+        const double scale = places == 1 ? 10.0 : 100.0;
+        const double scaled = std::nearbyint(value * scale);
+        if (scaled / scale != value)
+            continue;
+        auto digits = static_cast<std::int64_t>(scaled);
+        std::size_t n = 0;
+        if (digits < 0) {
+            buffer[n++] = '-';
+            digits = -digits;
+        }
+        char tmp[8];
+        std::size_t k = 0;
+        for (int i = 0; i < places || digits != 0 || i == places; ++i) {
+            tmp[k++] = static_cast<char>('0' + digits % 10);
+            digits /= 10;
+            if (i + 1 == places)
+                tmp[k++] = '.';
+        }
+        while (k != 0)
+            buffer[n++] = tmp[--k];
+        return n;
+    }
+    return 0;
+}
 
 constexpr char kHexDigits[] = "0123456789ABCDEF";
 
@@ -53,6 +129,8 @@ bool dxfParseDouble(std::string_view text, double& out) noexcept
     const char c0 = text.front() == '-' && text.size() > 1 ? text[1] : text.front();
     if (!(c0 == '.' || (c0 >= '0' && c0 <= '9')))
         return false;
+    if (parseShortDecimal(text, out))
+        return true;
     const char* end = text.data() + text.size();
     double v = 0;
     const auto r = std::from_chars(text.data(), end, v, std::chars_format::general);
@@ -113,6 +191,8 @@ std::size_t dxfFormatDouble(double value, char* buffer) noexcept
             return n + 2;
         }
     }
+    if (const std::size_t n = formatShortDecimal(value, buffer))
+        return n;
     char tmp[kDxfNumberBufferSize];
     const auto r = std::to_chars(tmp, tmp + sizeof tmp, value);
     const std::size_t n = static_cast<std::size_t>(r.ptr - tmp);

@@ -3,6 +3,7 @@
 
 #include "host/dxf/DxfTagValue.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <ostream>
@@ -97,34 +98,38 @@ void DxfTagWriter::checkCode(int code, bool ok, const char* what) const
 
 void DxfTagWriter::put(int code, std::string_view value)
 {
-    // Every group goes through here: the two lines are put together in one buffer and go out
-    // in one append, the usual three-digit code without a general number formatter.
+    // Every group goes through here, so its two lines are written straight into the output
+    // (no staging buffer: copying bytes stored one by one stalls the store forwarding), the
+    // usual three-digit code without a general number formatter.
     const bool crlf = m_eol.size() == 2;
-    char line[128];
-    std::size_t n;
-    if (code >= 0 && code < 1000) {
-        line[0] = code >= 100 ? static_cast<char>('0' + code / 100) : ' ';
-        line[1] = code >= 10 ? static_cast<char>('0' + code / 10 % 10) : ' ';
-        line[2] = static_cast<char>('0' + code % 10);
-        n = 3;
+    char wide[kDxfNumberBufferSize];
+    std::size_t codeSize = 3;
+    if (code < 0 || code >= 1000)
+        codeSize = dxfFormatInt(code, 3, wide);
+    const std::size_t eol = crlf ? 2 : 1;
+    const std::size_t n = codeSize + eol + value.size() + eol;
+    const std::size_t at = m_out.size();
+    if (m_out.capacity() - at < n)
+        m_out.reserve(std::max(at + n, 2 * m_out.capacity()));
+    m_out.resize(at + n);
+    char* p = m_out.data() + at;
+    if (codeSize == 3 && code >= 0) {
+        p[0] = code >= 100 ? static_cast<char>('0' + code / 100) : ' ';
+        p[1] = code >= 10 ? static_cast<char>('0' + code / 10 % 10) : ' ';
+        p[2] = static_cast<char>('0' + code % 10);
     } else {
-        n = dxfFormatInt(code, 3, line);
+        std::memcpy(p, wide, codeSize);
     }
+    p += codeSize;
     if (crlf)
-        line[n++] = '\r';
-    line[n++] = '\n';
-    if (n + value.size() + 2 <= sizeof line) {
-        std::memcpy(line + n, value.data(), value.size());
-        n += value.size();
-        if (crlf)
-            line[n++] = '\r';
-        line[n++] = '\n';
-        m_out.append(line, n);
-    } else {
-        m_out.append(line, n);
-        m_out.append(value);
-        m_out.append(m_eol);
-    }
+        *p++ = '\r';
+    *p++ = '\n';
+    if (!value.empty())
+        std::memcpy(p, value.data(), value.size());
+    p += value.size();
+    if (crlf)
+        *p++ = '\r';
+    *p = '\n';
     m_line += 2;
     if (m_stream)
         maybeFlush();

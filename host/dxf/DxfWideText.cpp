@@ -64,6 +64,17 @@ std::wstring dxfWide(std::string_view utf8)
 
 void dxfAppendWideAsUtf8(std::wstring_view wide, std::string& out)
 {
+    // Names and most text are ASCII: that prefix is narrowed in place, byte per character.
+    std::size_t ascii = 0;
+    while (ascii < wide.size() && static_cast<char32_t>(wide[ascii]) < 0x80)
+        ++ascii;
+    const std::size_t start = out.size();
+    out.resize(start + ascii);
+    for (std::size_t i = 0; i < ascii; ++i)
+        out[start + i] = static_cast<char>(wide[i]);
+    wide.remove_prefix(ascii);
+    if (wide.empty())
+        return;
     out.reserve(out.size() + wide.size());
     for (const wchar_t w : wide) {
         auto cp = static_cast<char32_t>(w);
