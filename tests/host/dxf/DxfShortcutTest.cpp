@@ -31,6 +31,29 @@ std::string generalForm(double v)
     return e == std::string::npos ? mantissa : mantissa + "E" + s.substr(e + 1);
 }
 
+TEST(DxfNumberForm, WholeNumbersMatchTheGeneralForm)
+{
+    for (int i = -12000; i <= 12000; ++i)
+        ASSERT_EQ(formatted(i), generalForm(i)) << i;
+}
+
+TEST(DxfNumberForm, EdgesOfTheShortcut)
+{
+    const struct {
+        double v;
+        const char* text;
+    } cases[] = {
+        {0.0, "0.0"},         {-0.0, "-0.0"},        {9999.0, "9999.0"},   {-9999.0, "-9999.0"},
+        {10000.0, "10000.0"}, {100000.0, "1.0E+05"}, {9999.5, "9999.5"},   {-0.5, "-0.5"},
+        {1e-320, "1.0E-320"}, {2147483648.0, "2147483648.0"},             {-1e15, "-1.0E+15"},
+        {std::nextafter(1.0, 2.0), "1.0000000000000002"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(formatted(c.v), c.text) << c.v;
+        EXPECT_EQ(formatted(c.v), generalForm(c.v)) << c.v;
+    }
+}
+
 TEST(DxfShortcut, DecimalsFormatAsTheGeneralForm)
 {
     // Hundredths and tenths across the shortcut's range and past it, and their neighbours,
