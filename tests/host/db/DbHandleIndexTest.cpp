@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <vector>
 
 #include "DbCoreTestEntity.h"
@@ -79,8 +80,10 @@ TEST(DbHandleIndex, DatabaseKeepsHandleOrder)
             AcDbObjectId id;
             ASSERT_EQ(db.addAcDbObjectAsRead(id, new DbCoreTestEntity(), AcDbHandle(h)), Acad::eOk);
             added[h] = id;
+            // A refused object stays the caller's.
             AcDbObjectId again;
-            EXPECT_EQ(db.addAcDbObjectAsRead(again, new DbCoreTestEntity(), AcDbHandle(h)), Acad::eHandleInUse);
+            auto refused = std::make_unique<DbCoreTestEntity>();
+            EXPECT_EQ(db.addAcDbObjectAsRead(again, refused.get(), AcDbHandle(h)), Acad::eHandleInUse);
         }
         const AcDbObjectIdArray ids = db.objectIds();
         ASSERT_EQ(ids.length(), static_cast<int>(added.size()));
