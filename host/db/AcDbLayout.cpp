@@ -55,49 +55,6 @@ AcDbTagList AcDbLayout::defaultLayoutTags()
             T::point(16, AcGePoint3d(1, 0, 0)), T::point(17, AcGePoint3d(0, 1, 0)), T::integer(76, 0)};
 }
 
-namespace {
-
-void writeTags(AcDbDwgFiler* f, const AcDbTagList& tags)
-{
-    f->writeInt32(static_cast<Adesk::Int32>(tags.size()));
-    for (const AcDbTag& t : tags) {
-        f->writeInt16(t.code);
-        f->writeUInt8(static_cast<Adesk::UInt8>(t.value.index()));
-        f->writeBool(t.is2d);
-        switch (t.value.index()) {
-        case 1: f->writeInt64(t.asInt()); break;
-        case 2: f->writeDouble(t.asReal()); break;
-        case 3: f->writeString(t.asText().c_str()); break;
-        case 4: f->writePoint3d(t.asPoint()); break;
-        default: break;
-        }
-    }
-}
-
-void readTags(AcDbDwgFiler* f, AcDbTagList& tags)
-{
-    Adesk::Int32 n = 0;
-    f->readInt32(&n);
-    tags.clear();
-    for (Adesk::Int32 i = 0; i < n && f->filerStatus() == Acad::eOk; ++i) {
-        AcDbTag t;
-        Adesk::UInt8 kind = 0;
-        f->readInt16(&t.code);
-        f->readUInt8(&kind);
-        f->readBool(&t.is2d);
-        switch (kind) {
-        case 1: { Adesk::Int64 v = 0; f->readInt64(&v); t.value = v; break; }
-        case 2: { double v = 0; f->readDouble(&v); t.value = v; break; }
-        case 3: { std::wstring v; f->readString(v); t.value = v; break; }
-        case 4: { AcGePoint3d v; f->readPoint3d(&v); t.value = v; break; }
-        default: break;
-        }
-        tags.push_back(std::move(t));
-    }
-}
-
-}  // namespace
-
 Acad::ErrorStatus AcDbLayout::dwgOutFields(AcDbDwgFiler* f) const
 {
     Acad::ErrorStatus es = AcDbObject::dwgOutFields(f);
@@ -106,8 +63,8 @@ Acad::ErrorStatus AcDbLayout::dwgOutFields(AcDbDwgFiler* f) const
     f->writeString(m_name.c_str());
     f->writeInt32(m_tabOrder);
     f->writeSoftPointerId(m_block);
-    writeTags(f, m_plotTags);
-    writeTags(f, m_layoutTags);
+    acdbWriteTags(f, m_plotTags);
+    acdbWriteTags(f, m_layoutTags);
     return f->filerStatus();
 }
 
@@ -121,8 +78,8 @@ Acad::ErrorStatus AcDbLayout::dwgInFields(AcDbDwgFiler* f)
     f->readString(m_name);
     f->readInt32(&tab);
     f->readSoftPointerId(&block);
-    readTags(f, m_plotTags);
-    readTags(f, m_layoutTags);
+    acdbReadTags(f, m_plotTags);
+    acdbReadTags(f, m_layoutTags);
     m_tabOrder = tab;
     m_block = block;
     return f->filerStatus();

@@ -3,6 +3,7 @@
 
 #include <cstring>
 
+#include "host/db/AcDbDwgFiler.h"
 #include "host/db/AcDbDxfCode.h"
 #include "host/db/AcDbDxfFiler.h"
 #include "host/db/AcDbDatabase.h"
@@ -121,4 +122,59 @@ void acdbReadTags(AcDbDxfFiler* filer, AcDbTagList& tags)
         }
         tags.push_back(std::move(t));
     }
+}
+
+void acdbWriteTags(AcDbDwgFiler* f, const AcDbTagList& tags)
+{
+    f->writeInt32(static_cast<Adesk::Int32>(tags.size()));
+    for (const AcDbTag& t : tags) {
+        f->writeInt16(t.code);
+        f->writeUInt8(static_cast<Adesk::UInt8>(t.value.index()));
+        f->writeBool(t.is2d);
+        switch (t.value.index()) {
+        case 1: f->writeInt64(t.asInt()); break;
+        case 2: f->writeDouble(t.asReal()); break;
+        case 3: f->writeString(t.asText().c_str()); break;
+        case 4: f->writePoint3d(t.asPoint()); break;
+        case 5: {
+            const auto& b = std::get<std::vector<Adesk::UInt8>>(t.value);
+            f->writeBinaryChunk(reinterpret_cast<const char*>(b.data()), static_cast<Adesk::UInt32>(b.size()));
+            break;
+        }
+        default: break;
+        }
+    }
+}
+
+Acad::ErrorStatus acdbReadTags(AcDbDwgFiler* f, AcDbTagList& tags)
+{
+    Adesk::Int32 n = 0;
+    f->readInt32(&n);
+    AcDbTagList read;
+    for (Adesk::Int32 i = 0; i < n && f->filerStatus() == Acad::eOk; ++i) {
+        AcDbTag t;
+        Adesk::UInt8 kind = 0;
+        f->readInt16(&t.code);
+        f->readUInt8(&kind);
+        f->readBool(&t.is2d);
+        switch (kind) {
+        case 1: { Adesk::Int64 v = 0; f->readInt64(&v); t.value = v; break; }
+        case 2: { double v = 0; f->readDouble(&v); t.value = v; break; }
+        case 3: { std::wstring v; f->readString(v); t.value = v; break; }
+        case 4: { AcGePoint3d v; f->readPoint3d(&v); t.value = v; break; }
+        case 5: {
+            char* buf = nullptr;
+            Adesk::UInt32 size = 0;
+            f->readBinaryChunk(&buf, size);
+            t.value = std::vector<Adesk::UInt8>(buf, buf + size);
+            delete[] buf;
+            break;
+        }
+        default: break;
+        }
+        read.push_back(std::move(t));
+    }
+    if (f->filerStatus() == Acad::eOk)
+        tags = std::move(read);
+    return f->filerStatus();
 }

@@ -6,8 +6,10 @@
 #include <vector>
 
 #include "host/ge/AcGePoint3d.h"
+#include "host/rx/AcadStrc.h"
 #include "host/rx/Adesk.h"
 
+class AcDbDwgFiler;
 class AcDbDxfFiler;
 
 // A point tag stands for its x, y (and z unless is2d) groups together.
@@ -41,3 +43,9 @@ void acdbWriteTags(AcDbDxfFiler* filer, const AcDbTagList& tags);
 // Reads the filer's remaining groups of the current subclass (up to the next 100 marker or
 // the end of the object) into tags.
 void acdbReadTags(AcDbDxfFiler* filer, AcDbTagList& tags);
+
+// The same list in a binary record (undo, copies): a count, then per tag its code, the kind of
+// its value, the 2D flag and the value.
+void acdbWriteTags(AcDbDwgFiler* filer, const AcDbTagList& tags);
+// Reads what the writer above wrote. tags is replaced only when the filer reports no error.
+Acad::ErrorStatus acdbReadTags(AcDbDwgFiler* filer, AcDbTagList& tags);

@@ -34,24 +34,7 @@ Acad::ErrorStatus AcDbKeptTagsRecord::dwgOutFields(AcDbDwgFiler* f) const
     Acad::ErrorStatus es = AcDbSymbolTableRecord::dwgOutFields(f);
     if (es != Acad::eOk)
         return es;
-    f->writeInt32(static_cast<Adesk::Int32>(m_tags.size()));
-    for (const AcDbTag& t : m_tags) {
-        f->writeInt16(t.code);
-        f->writeUInt8(static_cast<Adesk::UInt8>(t.value.index()));
-        f->writeBool(t.is2d);
-        switch (t.value.index()) {
-        case 1: f->writeInt64(t.asInt()); break;
-        case 2: f->writeDouble(t.asReal()); break;
-        case 3: f->writeString(t.asText().c_str()); break;
-        case 4: f->writePoint3d(t.asPoint()); break;
-        case 5: {
-            const auto& b = std::get<std::vector<Adesk::UInt8>>(t.value);
-            f->writeBinaryChunk(reinterpret_cast<const char*>(b.data()), static_cast<Adesk::UInt32>(b.size()));
-            break;
-        }
-        default: break;
-        }
-    }
+    acdbWriteTags(f, m_tags);
     return f->filerStatus();
 }
 
@@ -60,35 +43,7 @@ Acad::ErrorStatus AcDbKeptTagsRecord::dwgInFields(AcDbDwgFiler* f)
     Acad::ErrorStatus es = AcDbSymbolTableRecord::dwgInFields(f);
     if (es != Acad::eOk)
         return es;
-    Adesk::Int32 n = 0;
-    f->readInt32(&n);
-    AcDbTagList tags;
-    for (Adesk::Int32 i = 0; i < n && f->filerStatus() == Acad::eOk; ++i) {
-        AcDbTag t;
-        Adesk::UInt8 kind = 0;
-        f->readInt16(&t.code);
-        f->readUInt8(&kind);
-        f->readBool(&t.is2d);
-        switch (kind) {
-        case 1: { Adesk::Int64 v = 0; f->readInt64(&v); t.value = v; break; }
-        case 2: { double v = 0; f->readDouble(&v); t.value = v; break; }
-        case 3: { std::wstring v; f->readString(v); t.value = v; break; }
-        case 4: { AcGePoint3d v; f->readPoint3d(&v); t.value = v; break; }
-        case 5: {
-            char* buf = nullptr;
-            Adesk::UInt32 size = 0;
-            f->readBinaryChunk(&buf, size);
-            t.value = std::vector<Adesk::UInt8>(buf, buf + size);
-            delete[] buf;
-            break;
-        }
-        default: break;
-        }
-        tags.push_back(std::move(t));
-    }
-    if (f->filerStatus() == Acad::eOk)
-        m_tags = std::move(tags);
-    return f->filerStatus();
+    return acdbReadTags(f, m_tags);
 }
 
 Acad::ErrorStatus AcDbKeptTagsRecord::dxfOutFields(AcDbDxfFiler* f) const

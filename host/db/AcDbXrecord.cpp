@@ -113,23 +113,7 @@ Acad::ErrorStatus AcDbXrecord::dwgOutFields(AcDbDwgFiler* f) const
     if (es != Acad::eOk)
         return es;
     f->writeInt16(static_cast<Adesk::Int16>(m_mergeStyle));
-    f->writeInt32(static_cast<Adesk::Int32>(m_data.size()));
-    for (const AcDbTag& t : m_data) {
-        f->writeInt16(t.code);
-        f->writeUInt8(static_cast<Adesk::UInt8>(t.value.index()));
-        switch (t.value.index()) {
-        case 1: f->writeInt64(t.asInt()); break;
-        case 2: f->writeDouble(t.asReal()); break;
-        case 3: f->writeString(t.asText().c_str()); break;
-        case 4: f->writePoint3d(t.asPoint()); break;
-        case 5: {
-            const auto& b = std::get<std::vector<Adesk::UInt8>>(t.value);
-            f->writeBinaryChunk(reinterpret_cast<const char*>(b.data()), static_cast<Adesk::UInt32>(b.size()));
-            break;
-        }
-        default: break;
-        }
-    }
+    acdbWriteTags(f, m_data);
     return f->filerStatus();
 }
 
@@ -139,33 +123,9 @@ Acad::ErrorStatus AcDbXrecord::dwgInFields(AcDbDwgFiler* f)
     if (es != Acad::eOk)
         return es;
     Adesk::Int16 merge = 1;
-    Adesk::Int32 n = 0;
     f->readInt16(&merge);
-    f->readInt32(&n);
     AcDbTagList data;
-    for (Adesk::Int32 i = 0; i < n && f->filerStatus() == Acad::eOk; ++i) {
-        AcDbTag t;
-        Adesk::UInt8 kind = 0;
-        f->readInt16(&t.code);
-        f->readUInt8(&kind);
-        switch (kind) {
-        case 1: { Adesk::Int64 v = 0; f->readInt64(&v); t.value = v; break; }
-        case 2: { double v = 0; f->readDouble(&v); t.value = v; break; }
-        case 3: { std::wstring v; f->readString(v); t.value = v; break; }
-        case 4: { AcGePoint3d v; f->readPoint3d(&v); t.value = v; break; }
-        case 5: {
-            char* buf = nullptr;
-            Adesk::UInt32 size = 0;
-            f->readBinaryChunk(&buf, size);
-            t.value = std::vector<Adesk::UInt8>(buf, buf + size);
-            delete[] buf;
-            break;
-        }
-        default: break;
-        }
-        data.push_back(std::move(t));
-    }
-    if (f->filerStatus() == Acad::eOk) {
+    if (acdbReadTags(f, data) == Acad::eOk) {
         m_mergeStyle = static_cast<AcDb::DuplicateRecordCloning>(merge);
         m_data = std::move(data);
     }

@@ -1,8 +1,10 @@
-// Value helpers: resbuf chains, group code kinds, colours and the header store.
+// Value helpers: resbuf chains, group code kinds, colours, the header store and tag lists in records.
 #include <gtest/gtest.h>
 
 #include "DbCoreTestEntity.h"
+#include "host/db/AcDbBinaryFiler.h"
 #include "host/db/AcDbDxfCode.h"
+#include "host/db/AcDbTag.h"
 #include "host/db/AcDbHeaderVars.h"
 #include "host/db/acutads.h"
 
@@ -98,6 +100,29 @@ TEST(DbCoreValues, HeaderStoreKeepsOrderAndUnknownVariables)
     EXPECT_EQ(db.headerVars().getText(L"$HANDSEED", L""), L"10000");
 
     EXPECT_EQ(db.setClayer(db.modelSpaceId()), Acad::eWrongObjectType);
+}
+
+// A tag list of every value kind survives a binary record whole, the 2D flag and bytes too;
+// a cut record leaves the list that was there.
+TEST(DbCoreValues, TagListsSurviveABinaryRecord)
+{
+    using T = AcDbTag;
+    const AcDbTagList tags = {T::integer(70, -7),       T::real(40, 2.5),          T::text(1, L"Maß"),
+                              T::point(10, {1, 2, 3}),  T::point2d(11, 4, 5),       T::binary(310, {0, 255, 7}),
+                              AcDbTag{999, {}, false}};
+    AcDbBinaryFiler out;
+    acdbWriteTags(&out, tags);
+    AcDbBinaryFiler in(out.bytes(), AcDb::kCopyFiler);
+    AcDbTagList read;
+    ASSERT_EQ(acdbReadTags(&in, read), Acad::eOk);
+    EXPECT_EQ(read, tags);
+
+    std::vector<Adesk::UInt8> cut = out.bytes();
+    cut.resize(cut.size() / 2);
+    AcDbBinaryFiler short_(cut, AcDb::kCopyFiler);
+    AcDbTagList kept = {T::integer(5, 1)};
+    EXPECT_NE(acdbReadTags(&short_, kept), Acad::eOk);
+    EXPECT_EQ(kept, AcDbTagList{T::integer(5, 1)});
 }
 
 }  // namespace
