@@ -12,6 +12,7 @@
 #include "host/db/AcDbOpen.h"
 #include "host/ed/AcEdCommandStack.h"
 #include "host/ed/acedads.h"
+#include "host/ge/geassign.h"
 
 namespace apcmd {
 
@@ -22,11 +23,6 @@ void toAds(const AcGePoint3d& p, ads_point out)
     out[0] = p.x;
     out[1] = p.y;
     out[2] = p.z;
-}
-
-AcGePoint3d fromAds(const ads_point p)
-{
-    return AcGePoint3d(p[0], p[1], p[2]);
 }
 
 // The base in UCS for the editor's input functions.
@@ -65,7 +61,7 @@ int getPoint(const ACHAR* prompt, AcGePoint3d& wcs, const AcGePoint3d* baseWcs)
     ads_point base, result;
     const int rc = acedGetPoint(baseUcs(baseWcs, base), prompt, result);
     if (rc == RTNORM)
-        acdbUcs2Wcs(fromAds(result), wcs);
+        acdbUcs2Wcs(asPnt3d(result), wcs);
     return rc;
 }
 
@@ -90,7 +86,7 @@ int entSel(const ACHAR* prompt, AcDbObjectId& id, AcGePoint3d& wcs)
         return rc;
     if (acdbGetObjectId(id, ent) != Acad::eOk)
         return RTERROR;
-    acdbUcs2Wcs(fromAds(pt), wcs);
+    acdbUcs2Wcs(asPnt3d(pt), wcs);
     return RTNORM;
 }
 

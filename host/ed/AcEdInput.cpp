@@ -10,6 +10,7 @@
 #include "host/ed/AcEdSysVar.h"
 #include "host/ed/EdCore.h"
 #include "host/ed/EdKeywords.h"
+#include "host/ge/geassign.h"
 
 using namespace eded;
 
@@ -281,11 +282,6 @@ int Ask(Want want, const ACHAR* promptIn, const AcGePoint3d* base, int cronly, A
     }
 }
 
-AcGePoint3d FromAds(const ads_point p)
-{
-    return AcGePoint3d(p[0], p[1], p[2]);
-}
-
 void ToAds(const AcGePoint3d& p, ads_point out)
 {
     out[0] = p.x;
@@ -308,7 +304,7 @@ int GetPointImpl(const ads_point pt, const ACHAR* prompt, ads_point result)
     Answer a;
     AcGePoint3d base;
     if (pt)
-        base = FromAds(pt);
+        base = asPnt3d(pt);
     const int rc = Ask(Want::kPoint, prompt, pt ? &base : nullptr, 0, a);
     if (rc == RTNORM && result)
         ToAds(a.point, result);
@@ -342,7 +338,7 @@ int GetRealWithBase(Want want, const ads_point pt, const ACHAR* prompt, ads_real
     Answer a;
     AcGePoint3d base;
     if (pt)
-        base = FromAds(pt);
+        base = asPnt3d(pt);
     const int rc = Ask(want, prompt, pt ? &base : nullptr, 0, a);
     if (rc == RTNORM && result)
         *result = a.real;
@@ -439,7 +435,7 @@ int acedNEntSelP(const ACHAR* str, ads_name entres, ads_point ptres, int pickfla
     if (pickflag) {
         // The point in ptres picks without asking.
         AcEdPickHit hit;
-        if (!ptres || !PickAt(FromAds(ptres), hit)) {
+        if (!ptres || !PickAt(asPnt3d(ptres), hit)) {
             AcEdSysVars::setErrno(kErrnoNoEntity);
             return RTERROR;
         }

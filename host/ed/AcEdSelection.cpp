@@ -11,6 +11,7 @@
 #include "host/ed/AcEdSysVar.h"
 #include "host/ed/AcEditorReactor.h"
 #include "host/ed/EdCore.h"
+#include "host/ge/geassign.h"
 #include "host/rx/AcRxClass.h"
 
 using namespace eded;
@@ -228,12 +229,6 @@ Mode ParseMode(const ACHAR* str)
         }
     }
     return m;
-}
-
-AcGePoint3d PointArg(const void* p)
-{
-    const auto* a = static_cast<const ads_real*>(p);
-    return AcGePoint3d(a[0], a[1], a[2]);
 }
 
 // Picks at a UCS point by the mode's rule.
@@ -456,7 +451,7 @@ int acedSSGet(const ACHAR* str, const void* pt1, const void* pt2, const resbuf* 
     case L'C':
         if (!pt1 || !pt2)
             return RTERROR;
-        return Finish(Filtered(FromHits(acedPicker()->window(ucsToWcs(PointArg(pt1)), ucsToWcs(PointArg(pt2)), m.kind == L'C'),
+        return Finish(Filtered(FromHits(acedPicker()->window(ucsToWcs(asPnt3d(static_cast<const ads_real*>(pt1))), ucsToWcs(asPnt3d(static_cast<const ads_real*>(pt2))), m.kind == L'C'),
                                         m.kind == L'C' ? 3 : 2),
                                filter),
                       ss, false);
@@ -474,7 +469,7 @@ int acedSSGet(const ACHAR* str, const void* pt1, const void* pt2, const resbuf* 
         break;
     }
     if (pt1)
-        return Finish(Filtered(PickPoint(PointArg(pt1), m.everything), filter), ss, false);
+        return Finish(Filtered(PickPoint(asPnt3d(static_cast<const ads_real*>(pt1)), m.everything), filter), ss, false);
     return Interactive(m, filter, ss);
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "host/ed/EdCore.h"
+#include "host/ge/geassign.h"
 
 using namespace eded;
 
@@ -21,7 +22,7 @@ bool acdbUcs2Wcs(const ads_point p, ads_point q, bool vec)
         const AcGeVector3d v = ucsToWcs(AcGeVector3d(p[0], p[1], p[2]));
         r = AcGePoint3d(v.x, v.y, v.z);
     } else {
-        r = ucsToWcs(AcGePoint3d(p[0], p[1], p[2]));
+        r = ucsToWcs(asPnt3d(p));
     }
     q[0] = r.x;
     q[1] = r.y;
@@ -36,7 +37,7 @@ bool acdbWcs2Ucs(const ads_point p, ads_point q, bool vec)
         const AcGeVector3d v = wcsToUcs(AcGeVector3d(p[0], p[1], p[2]));
         r = AcGePoint3d(v.x, v.y, v.z);
     } else {
-        r = wcsToUcs(AcGePoint3d(p[0], p[1], p[2]));
+        r = wcsToUcs(asPnt3d(p));
     }
     q[0] = r.x;
     q[1] = r.y;

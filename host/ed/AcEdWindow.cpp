@@ -7,6 +7,7 @@
 
 #include "host/ed/AcEdSysVar.h"
 #include "host/ed/EdCore.h"
+#include "host/ge/geassign.h"
 #include "host/win/WinTimer.h"
 #include "host/win/WinWindow.h"
 
@@ -149,7 +150,7 @@ bool acedCoordFromWorldToPixel(int windnum, const ads_point ptIn, POINT& ptOut)
 {
     if (windnum != kViewWinNum || !ptIn)
         return false;
-    ptOut = acedWorldToPixel(AcGePoint3d(ptIn[0], ptIn[1], ptIn[2]));
+    ptOut = acedWorldToPixel(asPnt3d(ptIn));
     return true;
 }
 

@@ -13,6 +13,7 @@
 #include "host/ed/AcEdInput.h"
 #include "host/ed/AcEdSelection.h"
 #include "host/ed/AcEdUcs.h"
+#include "host/ge/geassign.h"
 #include "options/GlobDimOptions.h"
 #include "services/Append.h"
 #include "services/Documents.h"
@@ -151,7 +152,7 @@ void MakeDimByLine(int iType)
         for (int k = 0; k < 3; ++k)
             ptLast[k] = pt[k];
         AcGePoint3d ptWcs;
-        acdbUcs2Wcs(AcGePoint3d(pt[0], pt[1], pt[2]), ptWcs);
+        acdbUcs2Wcs(asPnt3d(pt), ptWcs);
         linePoints.append(ptWcs);
         if (iType == 2 && linePoints.length() == 2)
             break;
@@ -187,7 +188,7 @@ void MakeDimByLine(int iType)
         ShowDlgMain();
         if (rc == RTNORM) {
             AcGePoint3d ptDim;
-            acdbUcs2Wcs(AcGePoint3d(pt[0], pt[1], pt[2]), ptDim);
+            acdbUcs2Wcs(asPnt3d(pt), ptDim);
             const POINT pixel{iLastClickX, iLastClickY};
             MakeDim(crossings, ptDim, iType, HasRecordedClick() ? &pixel : nullptr);
         }

@@ -9,6 +9,7 @@
 #include "host/ed/AcEdInput.h"
 #include "host/ed/AcEdUcs.h"
 #include "host/ed/AcEdWindow.h"
+#include "host/ge/geassign.h"
 #include "host/rx/acutPrintf.h"
 #include "options/GlobDimOptions.h"
 #include "proxy/SVbasic.h"
@@ -27,11 +28,6 @@ constexpr int kTextPosAuto = -8;
 constexpr double kFollowOffset = 0.01;  // the new point starts this far along the chain
 
 bool bClickSeen = false;
-
-AcGePoint3d FromAds(const ads_point p)
-{
-    return AcGePoint3d(p[0], p[1], p[2]);
-}
 
 } // namespace
 
@@ -281,13 +277,10 @@ AcEdJig::DragStatus SVdimJig::AskPositionPoint()
         return kCancel;
     AcGeVector3d vAcross = m_pSVdim->m_vectorDim;
     vAcross.rotateBy(SVdim::kHalfPi, m_pSVdim->GetChainNormal());
-    double dUnits = m_pSVdim->arrayDouble.GetSize() > SVdim::kDblAcadUnits
-                        ? m_pSVdim->arrayDouble[SVdim::kDblAcadUnits]
-                        : 0.0;
-    vAcross *= DimLineDist() / m_pSVdim->GetScale() * dUnits;
+    vAcross *= m_pSVdim->ToDrawing(DimLineDist());
     AcGePoint3d ptA, ptB;
-    acdbUcs2Wcs(FromAds(a), ptA);
-    acdbUcs2Wcs(FromAds(b), ptB);
+    acdbUcs2Wcs(asPnt3d(a), ptA);
+    acdbUcs2Wcs(asPnt3d(b), ptB);
     // The line keeps the fixed distance on the side the second point shows.
     m_ptAcquired = ptA + vAcross;
     if ((ptA - vAcross).distanceTo(ptB) < m_ptAcquired.distanceTo(ptB))

@@ -11,6 +11,7 @@
 #include "host/ed/AcEdInput.h"
 #include "host/ed/AcEdUcs.h"
 #include "host/ge/AcGeTol.h"
+#include "host/ge/geassign.h"
 #include "host/rx/acutPrintf.h"
 #include "options/GlobDimOptions.h"
 #include "proxy/SVbasic.h"
@@ -26,13 +27,6 @@ constexpr int kModeChains = 2;
 constexpr int kIntForbidLayer0 = 18;
 constexpr int kOptDimByLine = 0;
 
-AcGePoint3d ToWcs(const ads_point p)
-{
-    AcGePoint3d ptWcs;
-    acdbUcs2Wcs(AcGePoint3d(p[0], p[1], p[2]), ptWcs);
-    return ptWcs;
-}
-
 // The two measured points (UCS). RTNORM, or the status that ended the input.
 int AskTwoPoints(ads_point pt1, ads_point pt2)
 {
@@ -43,7 +37,7 @@ int AskTwoPoints(ads_point pt1, ads_point pt2)
         rc = acedGetPoint(pt1, L"\nZweiter Maßpunkt: ", pt2);
         if (rc != RTNORM)
             return rc;
-        if (!AcGePoint3d(pt1[0], pt1[1], pt1[2]).isEqualTo(AcGePoint3d(pt2[0], pt2[1], pt2[2])))
+        if (!asPnt3d(pt1).isEqualTo(asPnt3d(pt2)))
             return RTNORM;
         acutPrintf(L"\nDer erste und zweite Punkt dürfen nicht identisch sein!");
     }
@@ -102,7 +96,10 @@ int DimPlace(int iType)
     AcDbDatabase* pDb = acdbCurDwg();
     const int bWasLocked = pDb ? TestLocked(pDb, L"DimPlace") : 1;
     {
-        SVdimJig jig(ToWcs(pt1), ToWcs(pt2), iType, AcDbObjectId::kNull, 0);
+        AcGePoint3d ptWcs1, ptWcs2;
+        acdbUcs2Wcs(asPnt3d(pt1), ptWcs1);
+        acdbUcs2Wcs(asPnt3d(pt2), ptWcs2);
+        SVdimJig jig(ptWcs1, ptWcs2, iType, AcDbObjectId::kNull, 0);
         jig.dragAcquire();
     }
     if (!bWasLocked)

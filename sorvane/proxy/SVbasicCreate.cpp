@@ -9,6 +9,7 @@
 #include "host/db/AcDbOpen.h"
 #include "host/db/AcDbPolyline.h"
 #include "host/ed/acedads.h"
+#include "host/ge/geassign.h"
 #include "options/GlobDimOptions.h"
 #include "proxy/SVbasic.h"
 #include "services/Trace.h"
@@ -126,7 +127,7 @@ BOOL SVdim::PickAlignment(AcGePoint3d& ptFrom, AcGePoint3d& ptTo) const
         }
     } else if (AcDbPolyline* pPline = AcDbPolyline::cast(pEnt)) {
         AcGePoint3d ptWcs;
-        acdbUcs2Wcs(AcGePoint3d(ptPick[0], ptPick[1], ptPick[2]), ptWcs);
+        acdbUcs2Wcs(asPnt3d(ptPick), ptWcs);
         double dUnits = pGlobDimOptions ? pGlobDimOptions->GetSet(kModeLinear).arrayDouble[kDblAcadUnits] : 0.0;
         if (dUnits == 0.0)
             dUnits = 0.001;

@@ -8,6 +8,7 @@
 #include "host/db/AcDbDatabase.h"
 #include "host/ed/AcEdInput.h"
 #include "host/ed/AcEdUcs.h"
+#include "host/ge/geassign.h"
 #include "host/mfc/CException.h"
 #include "host/rx/acutPrintf.h"
 #include "options/GlobDimOptions.h"
@@ -256,7 +257,7 @@ BOOL SVdim::GetOffsetDimPoint(const SVdim* pSource)
         ads_point ptPicked;
         if (acedGetPoint(nullptr, L"\nZu versetzende Seite angeben: ", ptPicked) == RTNORM) {
             AcGePoint3d ptWcs;
-            acdbUcs2Wcs(AcGePoint3d(ptPicked[0], ptPicked[1], ptPicked[2]), ptWcs);
+            acdbUcs2Wcs(asPnt3d(ptPicked), ptWcs);
             dSide = (ptWcs - ptFirst).dotProduct(vAcross) >= 0.0 ? 1.0 : -1.0;
         }
         ptLine = ptFirst + vAcross * (dSide * ToDrawing(GlobalDouble(kDblDimLinesDistance)));
