@@ -105,9 +105,11 @@ int GetLayerColor(const CString& strLayer)
     return kDefaultColor;
 }
 
-int GetColorOfTextHeight(double dHeight)
+int GetColorOfTextHeight(double dHeight, int iMode)
 {
-    CMapStringToString* pMap = CurrentMap(L"TextHeight2Color");
+    CMapStringToString* pMap = iMode < 0 ? CurrentMap(L"TextHeight2Color")
+                               : pGlobDimOptions ? pGlobDimOptions->GetMap(iMode, L"TextHeight2Color")
+                                                 : nullptr;
     if (!pMap)
         return 0;
     if (dHeight < 0)

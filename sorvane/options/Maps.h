@@ -17,8 +17,9 @@ BOOL IsSorvaneLayer(const CString& strLayer);
 // The colour of a layer of the current mode's map (exact case), else of the
 // list Layer2DefaultColor; 7 when neither knows it.
 int GetLayerColor(const CString& strLayer);
-// The colour for a text height in the current mode's map; 0 asks for the
-// TrueType row, a negative height means the current text height. 0 if none.
-int GetColorOfTextHeight(double dHeight);
+// The colour for a text height in the map of iMode (negative: the current
+// mode); 0 asks for the TrueType row, a negative height means the current
+// text height. 0 if none.
+int GetColorOfTextHeight(double dHeight, int iMode = -1);
 // Puts the value into the list if missing and returns its index there.
 int SelectString(CStringArray& arrayList, const CString& strValue);

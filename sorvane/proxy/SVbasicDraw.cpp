@@ -101,10 +101,7 @@ int TextColor(const SVdim& chain, const AcGiTextStyle& style)
     if (!pGlobDimOptions)
         return chain.colorIndex();
     const double dHeight = IsTrueTypeStyle(style) ? 0.0 : chain.arrayDouble[SVdim::kDblTextHeight];
-    const int iOldMode = pGlobDimOptions->m_iMode;
-    pGlobDimOptions->m_iMode = kModeLinear;
-    const int iColor = GetColorOfTextHeight(dHeight);
-    pGlobDimOptions->m_iMode = iOldMode;
+    const int iColor = GetColorOfTextHeight(dHeight, kModeLinear);
     return iColor > 0 ? iColor : chain.colorIndex();
 }
 
